@@ -1,0 +1,265 @@
+#include "numeric/guarded.h"
+
+#include "numeric/guarded_detail.h"
+#include "numeric/rounding.h"
+#include "numeric/text.h"
+#include "shell/state.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace guarded_detail {
+
+QString 修剪文本(const 数值& x) {
+    return txt::trim(x.文本());
+}
+
+// Text values are trimmed first so that every reader agrees on what a
+// blank is; a blank text is the number 0.
+static 数值 修剪值(const 数值& x) {
+    if (!x.是文本()) return x;
+    const QString t = txt::trim(x.文本值());
+    if (t.isEmpty()) return 数值();
+    return 数值(t);
+}
+
+bool 作十进制(const 数值& x, Decimal96& out) {
+    return 转十进制(修剪值(x), out);
+}
+
+bool 作双精度(const 数值& x, double& out) {
+    return 转双精度(修剪值(x), out);
+}
+
+int 有效位数(const QString& s) {
+    int n = 0;
+    for (const QChar c : s) {
+        const char16_t u = c.unicode();
+        if (u >= u'1' && u <= u'9') ++n;
+        else if (u == u'0') { if (n > 0) ++n; }
+        else if (u == u' ' || u == u'.' || u == u'+' || u == u'-') continue;
+        else break;
+    }
+    return n;
+}
+
+int E位置(const QString& s) {
+    for (qsizetype i = 0; i < s.size(); ++i)
+        if (s[i] == u'E' || s[i] == u'e') return static_cast<int>(i) + 1;
+    return 0;
+}
+
+// Bounds inside which a double may become a decimal. The top stops a
+// little short of the decimal's true maximum (7.9228162514264337593543950335E+28)
+// and the bottom is the decimal's smallest step, 1E-28: beyond them the
+// digits of a decimal would not be worth more than the double's.
+constexpr double k十进制上界 = 7.92281625142642E+28;
+constexpr double k十进制下界 = 1E-28;
+
+转换结果 数转数核心(const 数值& x, 数值& out) {
+    const 数值 v = 修剪值(x);
+    if (v.是空()) {
+        out = 数值(Decimal96());
+        return 转换结果::十进制;
+    }
+    double d = 0.0;
+    if (!转双精度(v, d)) return 转换结果::失败;
+    if (!公共.高精度开关) {
+        out = 数值(d);
+        return 转换结果::落双精度;
+    }
+    const bool 界内 = d == 0.0 || (d > -k十进制上界 && d <= -k十进制下界) ||
+                      (d >= k十进制下界 && d < k十进制上界);
+    Decimal96 r;
+    if (界内 && 转十进制(v, r) && 有效位数(双精度文本(d)) <= 有效位数(r.toText())) {
+        out = 数值(r);
+        return 转换结果::十进制;
+    }
+    out = 数值(d);
+    return 转换结果::落双精度;
+}
+
+}  // namespace guarded_detail
+
+using namespace guarded_detail;
+
+数值 Hvt数转数(const 数值& x) {
+    数值 r;
+    switch (数转数核心(x, r)) {
+    case 转换结果::十进制:
+        return r;
+    case 转换结果::落双精度:
+        记录精度损失();
+        return r;
+    case 转换结果::失败:
+        break;
+    }
+    报告错误(QStringLiteral("  进行[Hvt数转数]运算时， ") + 修剪文本(x) +
+             QStringLiteral(" 数值超出计算范围！返回数值用[1]表示。"));
+    return 数值(QStringLiteral("1"));
+}
+
+// The inspectors read the value's text; only a value that has no number
+// text at all (an infinite or NaN double, which no guarded step produces)
+// makes them fail.
+static bool 有数字文本(const 数值& x) {
+    return !(x.是双精度() && !std::isfinite(x.双精度值()));
+}
+
+int 判断数的有效字符长度(const 数值& x) {
+    if (!有数字文本(x)) {
+        报告错误(QStringLiteral("进行[判断数的有效字符长度]运算时， ") + 修剪文本(x) +
+                 QStringLiteral(" 出现错误！"));
+        return -1;
+    }
+    return 有效位数(修剪文本(x));
+}
+
+int 判断数的有效019字符长度(const 数值& x) {
+    if (!有数字文本(x)) {
+        报告错误(QStringLiteral("进行[判断数的有效019字符长度]运算时， ") + 修剪文本(x) +
+                 QStringLiteral(" 出现错误！"));
+        return -1;
+    }
+    int n = 0;
+    for (const QChar c : 修剪文本(x)) {
+        const char16_t u = c.unicode();
+        if (u >= u'0' && u <= u'9') ++n;
+        else if (u == u' ' || u == u'.' || u == u'+' || u == u'-') continue;
+        else break;
+    }
+    return n;
+}
+
+QString Hvt有效长度(const 数值& x, int 位数) {
+    const QString s = 修剪文本(x);
+    if (!有数字文本(x)) {
+        报告错误(QStringLiteral("进行[Hvt有效长度]运算时，") + s +
+                 QStringLiteral("数值超出计算范围！返回数值 -1。"));
+        return QStringLiteral("-1");
+    }
+    const int e = std::max(txt::instrRev(s, QChar(u'E')), txt::instrRev(s, QChar(u'e')));
+    const QString 尾数 = e > 0 ? txt::left(s, e - 1) : s;
+    const QString 指数 = e > 0 ? txt::mid(s, e) : QString();
+    int 计数 = 0;
+    bool 见点 = false;
+    for (int i = 1; i <= txt::len(尾数); ++i) {
+        const char16_t u = txt::at(尾数, i).unicode();
+        if (u == u'.') {
+            见点 = true;
+            continue;
+        }
+        if (u >= u'1' && u <= u'9') ++计数;
+        else if (u == u'0' && 计数 > 0) ++计数;
+        else continue;
+        // Only behind the point: an integer part is never cut.
+        if (计数 >= 位数 && 见点) return txt::left(尾数, i) + 指数;
+    }
+    return 尾数 + 指数;
+}
+
+static int 数到E为止(const 数值& x, char16_t what, const char16_t* 头) {
+    if (!有数字文本(x)) {
+        报告错误(QString::fromUtf16(头) + 修剪文本(x) + QStringLiteral(" 出现错误！"));
+        return -1;
+    }
+    int n = 0;
+    for (const QChar c : 修剪文本(x)) {
+        if (c == u'E' || c == u'e') break;
+        if (c == what) ++n;
+    }
+    return n;
+}
+
+int Hvt减号数(const 数值& x) { return 数到E为止(x, u'-', u"进行[Hvt减号数]运算时， "); }
+int Hvt点号数(const 数值& x) { return 数到E为止(x, u'.', u"进行[Hvt点号数]运算时， "); }
+
+int HvtE位置(const 数值& x) {
+    if (!有数字文本(x)) {
+        报告错误(QStringLiteral("进行[HvtE位置]运算时，") + 修剪文本(x) +
+                 QStringLiteral(" 数值超出范围！返回数值用 -1 表示。"));
+        return -1;
+    }
+    return E位置(修剪文本(x));
+}
+
+namespace {
+
+// The three tiers shared by product, quotient, sum and difference.
+数值 守护运算(const 数值& x, const 数值& y, 运算符 op, bool 查下溢, const char16_t* 头,
+             const char16_t* 符) {
+    bool 十进制可行 = true;
+    数值 a, b, p;
+    // Tier 1: the operands as Hvt数转数 reads them. The order matters for
+    // the counters: once a is beyond the decimal, y is not converted at all.
+    a = Hvt数转数(x);
+    if (HvtE位置(a) >= 1) 十进制可行 = false;
+    if (十进制可行) {
+        b = Hvt数转数(y);
+        if (HvtE位置(b) >= 1) 十进制可行 = false;
+    }
+    if (十进制可行 && !数值运算(a, op, b, p)) 十进制可行 = false;
+    if (十进制可行 && 查下溢 && !是零(a) && !是零(b) && 是零(p)) 十进制可行 = false;
+    if (十进制可行 && HvtE位置(p) >= 1) 十进制可行 = false;
+    if (十进制可行) {
+        // The result itself comes from x and y as decimals, so that a text
+        // operand keeps every digit it has.
+        Decimal96 dx, dy;
+        数值 r;
+        if (作十进制(x, dx) && 作十进制(y, dy) && 数值运算(数值(dx), op, 数值(dy), r)) return r;
+    }
+    // Tier 2: double.
+    double fx = 0.0, fy = 0.0;
+    数值 r;
+    if (作双精度(x, fx) && 作双精度(y, fy) && 数值运算(数值(fx), op, 数值(fy), r)) {
+        记录精度损失();
+        return r;
+    }
+    // Tier 3: the marker and the message.
+    报告错误(QString::fromUtf16(头) + 修剪文本(x) + QString::fromUtf16(符) + 修剪文本(y) +
+             QStringLiteral(" 数值超出计算范围！返回数值用 [1] 表示。"));
+    return 数值(QStringLiteral("1"));
+}
+
+}  // namespace
+
+数值 求两数积(const 数值& x, const 数值& y) {
+    return 守护运算(x, y, 运算符::乘, true, u"  进行[求两数积]运算时， ", u"*");
+}
+数值 求两数商(const 数值& x, const 数值& y) {
+    return 守护运算(x, y, 运算符::除, true, u"  进行[求两数商]运算时， ", u"/");
+}
+数值 求两数和(const 数值& x, const 数值& y) {
+    return 守护运算(x, y, 运算符::加, false, u"  进行[求两数和]运算时， ", u"+");
+}
+数值 求两数差(const 数值& x, const 数值& y) {
+    return 守护运算(x, y, 运算符::减, false, u"  进行[求两数差]运算时， ", u"-");
+}
+
+数值 求两数余(const 数值& x, const 数值& y) {
+    const int 错前 = 公共.错误数;
+    const 数值 a = Hvt数转数(x);
+    const 数值 b = Hvt数转数(y);
+    const 数值 q = 求两数商(a, b);
+    const QString i = 取数值的整数部分(q);
+    const 数值 r = 求两数差(a, 求两数积(数值(i), b));
+    if (公共.错误数 == 错前) return r;
+    报告错误(QStringLiteral("  进行[求两数余]运算时， ") + 修剪文本(x) + QStringLiteral("余") +
+             修剪文本(y) + QStringLiteral(" 数值超出计算范围！返回数值用 [1] 表示。"));
+    return 数值(QStringLiteral("1"));
+}
+
+double Double和(double a, double b) {
+    Decimal96 da, db, s;
+    if (Decimal96::fromDouble(a, da) == Decimal96::Status::Ok &&
+        Decimal96::fromDouble(b, db) == Decimal96::Status::Ok &&
+        Decimal96::add(da, db, s) == Decimal96::Status::Ok) {
+        const double r = s.toDouble();
+        if (std::isfinite(r)) return r;
+    }
+    const double r = a + b;
+    if (std::isfinite(r)) return r;
+    报告错误(QStringLiteral("进行[Double和]运算时，[") + txt::trim(双精度文本(a)) + QStringLiteral(" + ") +
+             txt::trim(双精度文本(b)) + QStringLiteral("]出现错误！"));
+    return 1.0;
+}
