@@ -17,6 +17,8 @@
 // Positions are 1-based UTF-16 code units.
 #pragma once
 
+#include "shell/state.h"
+
 #include <QChar>
 #include <QString>
 
@@ -67,3 +69,10 @@ QString 合并正负号(const QString& s);
 
 // The guard bound that every scan loop of the evaluator carries.
 constexpr int 扫描上限 = 999999999;
+
+// Shared by the passes of evaluator.cpp and functions.cpp; not for callers.
+namespace 求值内部 {
+inline bool 已失败() { return 公共.错误数 > 0; }
+// The run-time fault report of 无括号表达式计算 for the working text.
+void 运行时故障报告(const QString& 文本);
+}  // namespace 求值内部

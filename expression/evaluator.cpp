@@ -1,0 +1,468 @@
+// The rewriting evaluator. Every pass works on one QString with 1-based
+// positions (txt:: helpers); a pass that fails has already reported into
+// the collector and the caller answers "1" at once.
+//
+// Progress: every scan loop either moves its index forward or removes one
+// operator from the text (an inserted value never holds an operator that
+// the same pass would find again: a leading sign stands at position 1 and a
+// sign behind an E is passed over), and each carries 扫描上限 as a bound.
+#include "expression/evaluator.h"
+
+#include "expression/functions.h"
+#include "numeric/guarded.h"
+#include "numeric/text.h"
+#include "numeric/value.h"
+#include "shell/interaction.h"
+#include "shell/state.h"
+
+#include <cmath>
+#include <limits>
+#include <vector>
+
+namespace {
+
+const QString 消息括号不能配对 = QStringLiteral(" 算式中--括号不能配对--错误,请修改算式！");
+const QString 消息括号顺序 = QStringLiteral(" 算式中--括号顺序--错误,请修改算式！");
+const QString 消息括号无法配对 = QStringLiteral(" 算式中--括号无法配对--错误,请修改算式！");
+const QString 消息小数点太多 = QStringLiteral(" 表达式--小数点数太多--错误！请修改算式后计算。");
+const QString 消息无数字 = QStringLiteral(" 表达式--无数字--错误！请修改算式后计算。");
+const QString 消息太多正负号 = QStringLiteral(" 表达式--太多正负号--错误！请修改算式后计算。");
+const QString 消息正负号太多 = QStringLiteral(" 表达式--正负号太多--错误！请修改算式后计算。");
+const QString 消息多个E = QStringLiteral(" 表达式--存在多个 e E 字母--错误！请修改算式后计算。");
+
+bool 是符号(QChar c) { return c == u'+' || c == u'-'; }
+bool 是E(QChar c) { return c == u'E' || c == u'e'; }
+bool 是大写字母(QChar c) { return c.unicode() >= u'A' && c.unicode() <= u'Z'; }
+bool 是拉丁字母(QChar c) {
+    const char16_t u = c.unicode();
+    return (u >= u'A' && u <= u'Z') || (u >= u'a' && u <= u'z');
+}
+bool 是圆周率(QChar c) { return c == u'Π' || c == u'π'; }
+bool 是自然常数(QChar c) { return c == u'Ε' || c == u'ε'; }
+
+// Failure A of the entry: shown at once, then collected.
+QString 括号失败(const QString& 文本, const QString& 消息) {
+    const QString m = 文本 + 消息;
+    交互().告知(m);
+    报告错误(m);
+    return QStringLiteral("1");
+}
+
+// The readers' failure tail: the detail goes to the record uncounted, then
+// the general sentence is counted (and becomes 首个错误 if first).
+void 读数失败(const QString& 片段, const QString& 细节, const QString& 头, const QString& 尾) {
+    公共.错误提示 = 片段 + 细节;
+    公共.错误记录 += 公共.错误提示 + QStringLiteral("\r\n");
+    报告错误(头 + txt::trim(片段) + 尾);
+}
+
+int 计数(const QString& s, QChar c) { return static_cast<int>(s.count(c)); }
+
+}  // namespace
+
+namespace 求值内部 {
+
+void 运行时故障报告(const QString& 文本) {
+    报告错误(QStringLiteral("计算无括号表达式过程中，") + 文本 +
+             QStringLiteral("出现超出计算范围错误！返回[1]。"));
+}
+
+}  // namespace 求值内部
+
+using namespace 求值内部;
+
+// ---------------------------------------------------------------------------
+
+QString 取字母串(const QString& s, int p) {
+    if (p < 1) p = 1;
+    int e = p;
+    while (e <= txt::len(s) && 是拉丁字母(txt::at(s, e))) ++e;
+    return txt::mid(s, p, e - p);
+}
+
+QString 整理符号(const QString& s) {
+    QString t = s;
+    t.remove(u' ');
+    t.remove(QChar(0x3000));
+    if (t.isEmpty()) return QStringLiteral("0");
+    t.replace(QStringLiteral("++"), QStringLiteral("+"));
+    t.replace(QStringLiteral("-+"), QStringLiteral("-"));
+    return t.toUpper();
+}
+
+QString 合并正负号(const QString& s) {
+    QString t = s;
+    t.remove(u' ');
+    t.remove(QChar(0x3000));
+    if (t.isEmpty()) return QStringLiteral("0");
+    t.replace(QStringLiteral("++"), QStringLiteral("+"));
+    t.replace(QStringLiteral("-+"), QStringLiteral("-"));
+    t.replace(QStringLiteral("--"), QStringLiteral("+"));
+    t.replace(QStringLiteral("+-"), QStringLiteral("-"));
+    return t.toUpper();
+}
+
+QString 取变量值(QChar c) {
+    if (txt::isAsciiDigit(c)) return QString(c);
+    if (是圆周率(c)) return 圆周率文本;
+    if (是自然常数(c)) return 自然常数文本;
+    const int k = 字母序号(c.unicode());
+    if (k >= 0) return txt::trim(公共.字母变量[static_cast<std::size_t>(k)].文本());
+    报告错误(QStringLiteral("表达式计算过程中：[ ") + QString(c) + QStringLiteral(" ] 字符错误！返回1值。"));
+    return QStringLiteral("1");
+}
+
+QString 取变量值(const QString& c) {
+    if (c.isEmpty()) {
+        报告错误(QStringLiteral("表达式计算过程中：[  ] 字符错误！返回1值。"));
+        return QStringLiteral("1");
+    }
+    return 取变量值(c[0]);
+}
+
+QString 向前取数字(const QString& s, int p) {
+    if (p > txt::len(s)) p = txt::len(s);
+    const QString l = txt::left(s, p);
+    if (p < 1) {
+        读数失败(l, 消息无数字, QStringLiteral("  进行[向前取数字]运算时， "),
+                 QStringLiteral(" 数值超出计算范围，我无法计算！返回错误信息。"));
+        return l;
+    }
+    int 点 = 0, 数字 = 0, 符号 = 0, e数 = 0;
+    int 起点 = 1;
+    for (int i = p; i >= 1; --i) {
+        const QChar c = txt::at(s, i);
+        if (c == u'.') ++点;
+        else if (txt::isAsciiDigit(c)) ++数字;
+        else if (是符号(c)) ++符号;
+        else if (是E(c)) { ++e数; 点 = 0; 数字 = 0; 符号 = 0; }
+        if (c == u' ' && 数字 == 0) continue;
+        if (是符号(c) && 数字 > 0) {
+            if (i == 1) { 起点 = 1; break; }
+            const QChar b = txt::at(s, i - 1);
+            if (b == u' ' || b == u'-' || b == u'+' || b == u'^' || b == u'*' || b == u'/' || b == u'\\') {
+                起点 = i;
+                break;
+            }
+            if (!是E(b)) { 起点 = i + 1; break; }
+            if (符号 > 1) { 起点 = i + 1; break; }
+            continue;
+        }
+        if (!(txt::isAsciiDigit(c) || 是E(c) || c == u'.' || 是符号(c))) { 起点 = i + 1; break; }
+        起点 = i;
+    }
+    QString 细节;
+    if (点 > 1) 细节 = 消息小数点太多;
+    else if (数字 == 0) 细节 = 消息无数字;
+    else if (符号 >= 3) 细节 = 消息太多正负号;
+    else if (e数 > 1) 细节 = 消息多个E;
+    if (!细节.isEmpty()) {
+        读数失败(l, 细节, QStringLiteral("  进行[向前取数字]运算时， "),
+                 QStringLiteral(" 数值超出计算范围，我无法计算！返回错误信息。"));
+        return l;
+    }
+    return txt::mid(l, 起点, p - 起点 + 1);
+}
+
+QString 向后取数字(const QString& s, int p) {
+    if (p > txt::len(s)) p = txt::len(s);
+    const QString r = txt::mid(s, p);
+    auto 失败 = [&](const QString& 细节) {
+        读数失败(r, 细节, QStringLiteral("  进行[向后取数字]运算时， "),
+                 QStringLiteral(" 数值超出计算范围，我无法计算！返回错误数值。"));
+        return r;
+    };
+    if (p < 1) return 失败(消息无数字);
+    int 点 = 0, 数字 = 0, 符号 = 0, e数 = 0;
+    int 末 = 0;
+    const int n = txt::len(r);
+    for (int i = 1; i <= n; ++i) {
+        const QChar c = txt::at(r, i);
+        if (c == u' ' && 数字 == 0) { 末 = i; continue; }
+        if (是符号(c) && 数字 > 0) { 末 = i - 1; break; }
+        if (c == u'.') {
+            ++点;
+            末 = i;
+            if (点 > 1) return 失败(消息小数点太多);
+        } else if (txt::isAsciiDigit(c)) {
+            ++数字;
+            末 = i;
+        } else if (是符号(c)) {
+            ++符号;
+            if (符号 > 1) return 失败(消息正负号太多);
+        } else if (是E(c)) {
+            ++e数;
+            点 = 0; 数字 = 0; 符号 = 0;
+        } else {
+            末 = i - 1;
+            break;
+        }
+    }
+    if (数字 < 1) return 失败(消息无数字);
+    if (符号 >= 2) return 失败(消息太多正负号);
+    if (e数 > 1) return 失败(消息多个E);
+    return 末 < 1 ? QString() : txt::left(r, 末);
+}
+
+// ---------------------------------------------------------------------------
+// The passes of 无括号表达式计算. Each returns false after a reported failure.
+
+namespace {
+
+// Constants: Π/π and Ε/ε become their 29-digit texts.
+void 常数代入(QString& t) {
+    for (int i = 2; i <= txt::len(t) - 1 && i < 扫描上限;) {
+        const QChar c = txt::at(t, i);
+        const QString* v = 是圆周率(c) ? &圆周率文本 : 是自然常数(c) ? &自然常数文本 : nullptr;
+        if (v) {
+            t = txt::splice(t, i, 1, *v);
+            i += txt::len(*v);
+        } else {
+            ++i;
+        }
+    }
+}
+
+// Letter variables: a capital standing alone (no letter on either side)
+// is replaced by its value; E also needs a non-digit ahead (2E3 keeps its
+// exponent). A standing-alone O fails.
+bool 变量代入(QString& t) {
+    for (int i = 2; i <= txt::len(t) - 1 && i < 扫描上限;) {
+        const QChar c = txt::at(t, i);
+        if (!是大写字母(c) || 是大写字母(txt::at(t, i - 1)) || 是大写字母(txt::at(t, i + 1))) {
+            ++i;
+            continue;
+        }
+        if (c == u'O') {
+            报告错误(QStringLiteral("出错了！式中出现了英文O字母变量！请修改算式后计算。"));
+            return false;
+        }
+        if (c == u'E' && txt::isAsciiDigit(txt::at(t, i - 1))) {
+            ++i;
+            continue;
+        }
+        const QString v = 取变量值(c);
+        if (已失败()) return false;
+        t = txt::splice(t, i, 1, v);
+        i += txt::len(v);
+    }
+    return true;
+}
+
+// Postfix ! % ‰. The index does not restart and does not follow the text
+// as it shrinks; the bound is the length at the start (so in "100%+3!" the
+// "!" is passed by, and the sums read 1+3).
+bool 后缀运算(QString& t) {
+    t = QStringLiteral(" ") + txt::trim(t) + QStringLiteral(" ");
+    const int 上限 = txt::len(t);
+    for (int i = 2; i <= 上限 && i < 扫描上限; ++i) {
+        const QChar c = txt::at(t, i);
+        const bool 阶乘 = c == u'!', 百分 = c == u'%', 千分 = c == u'‰';
+        if (!阶乘 && !百分 && !千分) continue;
+        if (i - 1 < 2) {  // nothing can stand ahead of the operator
+            报告错误(t + (阶乘 ? QStringLiteral(" 阶乘错误！请修改算式后计算。")
+                          : 百分 ? QStringLiteral(" % 错误！请修改算式后计算。")
+                                 : QStringLiteral(" ‰ 错误！请修改算式后计算。")));
+            return false;
+        }
+        const QString x = 向前取数字(t, i - 1);
+        if (已失败()) return false;
+        if (百分 || 千分) {
+            数值 v;
+            if (!数值除(Hvt数转数(数值(x)), 数值(Decimal96::fromInt64(百分 ? 100 : 1000)), v)) {
+                运行时故障报告(t);
+                return false;
+            }
+            if (已失败()) return false;
+            t = txt::splice(t, i - txt::len(x), txt::len(x) + 1, txt::trim(v.文本()));
+            continue;
+        }
+        // Factorial of the magnitude: the sign (and anything ahead of a
+        // "-") stays in the text.
+        QString m = x;
+        const int 减号 = txt::instrRev(m, QStringLiteral("-"));
+        if (减号 > 0) m = txt::mid(m, 减号 + 1);
+        double d = 0;
+        if (!文本转双精度(m, d) || !std::isfinite(d)) {
+            运行时故障报告(t);
+            return false;
+        }
+        if (d > 2147483647.0) d = 2147483647.0;  // far beyond 26!, refused below
+        const long n = std::lrint(d);             // nearest, ties to even
+        Decimal96 积 = Decimal96::fromInt64(1);
+        static const Decimal96 上界 = [] {
+            Decimal96 b;
+            Decimal96::fromText(u"1E+28", b);
+            return b;
+        }();
+        for (long k = 1; k <= n; ++k) {
+            Decimal96 下一个;
+            if (Decimal96::mul(积, Decimal96::fromInt64(k), 下一个) != Decimal96::Status::Ok ||
+                上界 < 下一个) {
+                报告错误(QStringLiteral("阶乘计算时数值太大，超出计算范围。"));
+                return false;
+            }
+            积 = 下一个;
+        }
+        t = txt::splice(t, i - txt::len(m), txt::len(m) + 1, 积.toText());
+    }
+    return true;
+}
+
+// * / \ of equal rank, left to right, restarting after each.
+bool 乘除运算(QString& t) {
+    t = QStringLiteral(" ") + txt::trim(t) + QStringLiteral(" ");
+    for (int 轮 = 0; 轮 < 扫描上限; ++轮) {
+        int i = 2;
+        const int n = txt::len(t);
+        while (i <= n) {
+            const QChar c = txt::at(t, i);
+            if (c == u'*' || c == u'/' || c == u'\\') break;
+            ++i;
+        }
+        if (i > n) return true;
+        const QChar op = txt::at(t, i);
+        const QString a = 向前取数字(t, i - 1);
+        if (已失败()) return false;
+        const QString b = 向后取数字(t, i + 1);
+        if (已失败()) return false;
+        数值 v;
+        if (op == u'*') {
+            v = 求两数积(a, b);
+        } else if (op == u'\\') {
+            v = 求两数余(a, b);
+        } else {
+            if (是零(Hvt数转数(数值(txt::trim(b))))) {
+                if (!已失败()) 报告错误(t + QStringLiteral("  除数为0错误！请修改算式后计算。"));
+                return false;
+            }
+            if (已失败()) return false;
+            v = 求两数商(a, b);
+        }
+        if (已失败()) return false;
+        t = txt::splice(t, i - txt::len(a), txt::len(a) + 1 + txt::len(b), txt::trim(v.文本()));
+    }
+    运行时故障报告(t);
+    return false;
+}
+
+// + and -: the value replaces everything up to the end of b (a must reach
+// the start by now), signs are folded again, and the scan restarts.
+bool 加减运算(QString& t) {
+    t = 合并正负号(t);
+    for (int 轮 = 0; 轮 < 扫描上限; ++轮) {
+        int i = 2;
+        bool 找到 = false;
+        while (i <= txt::len(t) - 1) {
+            const QChar c = txt::at(t, i);
+            const QChar b = txt::at(t, i - 1);
+            if (是符号(c) && !是E(b) && b != u' ') { 找到 = true; break; }
+            ++i;
+        }
+        if (!找到) return true;
+        const QString a = 向前取数字(t, i - 1);
+        if (已失败()) return false;
+        const QString b = 向后取数字(t, i + 1);
+        if (已失败()) return false;
+        const 数值 v = txt::at(t, i) == u'+' ? 求两数和(a, b) : 求两数差(a, b);
+        if (已失败()) return false;
+        t = 合并正负号(txt::trim(v.文本()) + txt::mid(t, i + 1 + txt::len(b)));
+    }
+    运行时故障报告(t);
+    return false;
+}
+
+QString 无括号计算过程(const QString& 文本) {
+    if (已失败()) return QStringLiteral("1");
+    QString t = 文本.toUpper();
+    if (t.isEmpty()) return QStringLiteral("0");
+    if (txt::len(t) == 1) return 取变量值(t[0]);
+
+    t = QStringLiteral(" ") + 整理符号(t) + QStringLiteral(" ");
+    常数代入(t);
+    if (!变量代入(t)) return QStringLiteral("1");
+    if (!函数运算(t)) return QStringLiteral("1");
+    if (!后缀运算(t)) return QStringLiteral("1");
+    if (!乘方运算(t)) return QStringLiteral("1");
+    if (!乘除运算(t)) return QStringLiteral("1");
+    if (!加减运算(t)) return QStringLiteral("1");
+    t = 合并正负号(t);
+    const QString x = 向后取数字(t, 1);
+    if (已失败()) return QStringLiteral("1");
+    const 数值 v = Hvt数转数(数值(x));
+    if (已失败()) return QStringLiteral("1");
+    return v.文本();
+}
+
+}  // namespace
+
+QString 无括号表达式计算(const QString& 文本) {
+    try {
+        return 无括号计算过程(文本);
+    } catch (...) {
+        运行时故障报告(文本);
+        return QStringLiteral("1");
+    }
+}
+
+namespace {
+
+QString 表达式计算过程(const QString& 文本) {
+    if (公共.错误数 >= 1) return QStringLiteral("1");
+    QString t = txt::trim(文本).toUpper();
+    if (t.isEmpty()) return QStringLiteral("0");
+    if (txt::len(t) == 1) return 取变量值(t[0]);
+
+    const int 开 = 计数(t, u'('), 闭 = 计数(t, u')');
+    if (开 != 闭) return 括号失败(t, 消息括号不能配对);
+    if (开 == 0) return 无括号表达式计算(t);
+
+    // Order check at every place that follows a "(" (prefix counts keep it
+    // linear in the length).
+    {
+        const int n = txt::len(t);
+        std::vector<int> 前开(static_cast<std::size_t>(n) + 1, 0), 前闭(static_cast<std::size_t>(n) + 1, 0);
+        for (int k = 1; k <= n; ++k) {
+            前开[k] = 前开[k - 1] + (txt::at(t, k) == u'(');
+            前闭[k] = 前闭[k - 1] + (txt::at(t, k) == u')');
+        }
+        for (int i = 2; i <= n - 1; ++i) {
+            if (txt::at(t, i - 1) != u'(' || txt::at(t, i) == u'(') continue;
+            const int l开 = 前开[i - 1], l闭 = 前闭[i - 1];
+            const int r开 = 前开[n] - l开, r闭 = 前闭[n] - l闭;
+            if (l闭 > l开) return 括号失败(txt::left(t, i - 1), 消息括号顺序);
+            if (r开 > r闭) return 括号失败(txt::mid(t, i), 消息括号顺序);
+            if (l开 - l闭 != r闭 - r开) return 括号失败(t, 消息括号无法配对);
+        }
+    }
+
+    // Innermost pairs first, one per round ("()" gives 0: the empty inner
+    // text evaluates to "0").
+    // The first innermost pair is the last "(" ahead of the first ")".
+    for (int 轮 = 0; 轮 < 开; ++轮) {
+        const int 闭位 = txt::instr(t, QStringLiteral(")"));
+        if (闭位 < 1) break;
+        const int 开位 = txt::instrRev(txt::left(t, 闭位 - 1), QStringLiteral("("));
+        if (开位 < 1) break;
+        const QString v = 无括号表达式计算(txt::mid(t, 开位 + 1, 闭位 - 开位 - 1));
+        t = txt::splice(t, 开位, 闭位 - 开位 + 1, v);
+        if (已失败()) return QStringLiteral("1");
+    }
+
+    t = 整理符号(t);
+    t = 无括号表达式计算(t);
+    if (已失败()) return QStringLiteral("1");
+    return txt::trim(t);
+}
+
+}  // namespace
+
+QString 表达式计算(const QString& 文本) {
+    try {
+        return 表达式计算过程(文本);
+    } catch (...) {
+        报告错误(QStringLiteral("  表达式计算过程中：") + 文本 +
+                 QStringLiteral("出现超出计算范围错误！返回1值。"));
+        return QStringLiteral("1");
+    }
+}
