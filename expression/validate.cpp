@@ -1,0 +1,298 @@
+// Syntax validation: operator repair, number canonicalisation, the
+// operator and bracket check, and the display form. See validate.h.
+#include "expression/validate.h"
+
+#include "expression/evaluator.h"
+#include "numeric/guarded.h"
+#include "numeric/text.h"
+#include "shell/interaction.h"
+#include "shell/state.h"
+
+#include <algorithm>
+#include <exception>
+#include <string_view>
+
+namespace {
+
+struct 替换项 {
+    std::u16string_view 原;
+    std::u16string_view 新;
+};
+
+inline QString 视图文本(std::u16string_view v) {
+    return QString(reinterpret_cast<const QChar*>(v.data()), static_cast<qsizetype>(v.size()));
+}
+
+template <std::size_t N>
+void 依表替换(QString& t, const 替换项 (&表)[N]) {
+    for (const auto& e : 表) {
+        const QString 原 = 视图文本(e.原);
+        if (t.contains(原)) t.replace(原, 视图文本(e.新), Qt::CaseSensitive);
+    }
+}
+
+QString 去空格(const QString& s) {
+    QString t;
+    t.reserve(s.size());
+    for (QChar c : s)
+        if (c != u' ' && c != u'\u3000') t += c;
+    return t;
+}
+
+const QString 零 = QStringLiteral("0");
+const QString 算式错误 = QStringLiteral("算式错误");
+
+// ---------------------------------------------------------------------------
+// 修复相邻运算符: the doubles, applied twice.
+constexpr 替换项 重复符号表[] = {
+    {u"..", u"."}, {u"^^", u"^"}, {u"**", u"*"}, {u"//", u"/"}, {u"\\\\", u"\\"},
+    {u"%%", u"%"}, {u"!!", u"!"},  // no double factorial: 3!! is 3!
+    {u"++", u"+"}, {u"--", u"+"}, {u"+-", u"-"}, {u"-+", u"-"}, {u"‰‰", u"‰"},
+};
+static_assert(std::size(重复符号表) == 12);
+
+// Then, in order: operators behind "(" ("(-" stays, it is a sign); operators
+// ahead of ")"; "()"; a binary operator or point ahead of a postfix one (the
+// postfix wins); two binary operators (the second wins); a plus behind an
+// operator; the last sign pairs.
+constexpr 替换项 运算符修复表[] = {
+    {u"(!", u"("}, {u"(%", u"("}, {u"(‰", u"("}, {u"(^", u"("}, {u"(*", u"("},
+    {u"(/", u"("}, {u"(\\", u"("}, {u"(+", u"("},
+    {u"^)", u")"}, {u"*)", u")"}, {u"/)", u")"}, {u"\\)", u")"}, {u"+)", u")"},
+    {u"-)", u")"}, {u".)", u")"},
+    {u"()", u"(0)"},
+    {u"^!", u"!"}, {u"*!", u"!"}, {u"/!", u"!"}, {u"\\!", u"!"}, {u"+!", u"!"},
+    {u"-!", u"!"}, {u".!", u"!"},
+    {u"^%", u"%"}, {u"*%", u"%"}, {u"/%", u"%"}, {u"\\%", u"%"}, {u"+%", u"%"},
+    {u"-%", u"%"}, {u".%", u"%"},
+    {u"^‰", u"‰"}, {u"*‰", u"‰"}, {u"/‰", u"‰"}, {u"\\‰", u"‰"}, {u"+‰", u"‰"},
+    {u"-‰", u"‰"}, {u".‰", u"‰"},
+    {u"*^", u"^"}, {u"/^", u"^"}, {u"+^", u"^"}, {u"^^", u"^"}, {u"\\^", u"^"},
+    {u"-^", u"^"},
+    {u"**", u"*"}, {u"/*", u"*"}, {u"+*", u"*"}, {u"^*", u"*"}, {u"\\*", u"*"},
+    {u"-*", u"*"},
+    {u"*/", u"/"}, {u"//", u"/"}, {u"+/", u"/"}, {u"^/", u"/"}, {u"\\/", u"/"},
+    {u"-/", u"/"},
+    {u"*\\", u"\\"}, {u"/\\", u"\\"}, {u"+\\", u"\\"}, {u"^\\", u"\\"},
+    {u"\\\\", u"\\"}, {u"-\\", u"\\"},
+    {u"*+", u"*"}, {u"/+", u"/"}, {u"++", u"+"}, {u"^+", u"^"}, {u"\\+", u"\\"},
+    {u"-+", u"-"},
+    {u"+-", u"-"}, {u"--", u"+"},
+};
+static_assert(std::size(运算符修复表) == 69);
+
+// ---------------------------------------------------------------------------
+// 检查运算符相邻's neighbour classes.
+const QString 后禁字符集 = QStringLiteral("/*^\\)!%‰");   // what may not follow an opener, sign or binary operator
+const QString 前禁字符集 = QStringLiteral("-+*/^\\(");    // what may not precede a closer, postfix or binary operator
+const QString 阶乘前禁字符集 = QStringLiteral("+!-*/^\\(");
+
+const QString 相邻错误消息 = QStringLiteral(" 算式中存在多个运算符相临的错误，请修改算式！！！");
+const QString 括号顺序消息 = QStringLiteral(" 算式中--括号顺序--错误,请修改。");
+const QString 括号配对消息 = QStringLiteral(" 算式中--括号无法配对--错误,请修改。");
+
+int 相邻错误数(const QString& p) {
+    int 错 = 0;
+    for (qsizetype i = 1; i + 1 < p.size(); ++i) {
+        const QChar 前 = p[i - 1], c = p[i], 后 = p[i + 1];
+        switch (c.unicode()) {
+        case u'(':
+            if (后禁字符集.contains(后)) ++错;
+            break;
+        case u')':
+        case u'%':
+        case u'‰':
+            if (前禁字符集.contains(前)) ++错;
+            break;
+        case u'!':
+            if (阶乘前禁字符集.contains(前)) ++错;
+            break;
+        case u'^':
+        case u'/':
+        case u'*':
+        case u'\\':
+            if (前禁字符集.contains(前)) ++错;
+            if (后禁字符集.contains(后)) ++错;
+            break;
+        case u'+':
+        case u'-':
+            if (后禁字符集.contains(后)) ++错;
+            break;
+        case u'.':
+            if (txt::isAsciiLetter(后)) ++错;
+            break;
+        default:
+            break;  // Π Ε, digits and letters are never at fault
+        }
+    }
+    return 错;
+}
+
+// At every non-bracket position of the padded text: the part ahead may not
+// close more than it opens, the part behind may not open more than it
+// closes, and what is open ahead must be what closes behind. Gives the one
+// message found first, or an empty text.
+QString 括号检查(const QString& p) {
+    const qsizetype n = p.size();
+    int 总开 = 0, 总闭 = 0;
+    for (QChar c : p) {
+        if (c == u'(') ++总开;
+        else if (c == u')') ++总闭;
+    }
+    int 前开 = 0, 前闭 = 0;  // counts in p[0 .. i-1]
+    for (qsizetype i = 0; i < n; ++i) {
+        const QChar c = p[i];
+        if (i >= 1 && i + 1 < n && c != u'(' && c != u')') {
+            const int 后开 = 总开 - 前开;  // c is no bracket, so "behind" is the rest
+            const int 后闭 = 总闭 - 前闭;
+            if (前闭 > 前开 || 后开 > 后闭) return 括号顺序消息;
+            if (前开 - 前闭 != 后闭 - 后开) return 括号配对消息;
+        }
+        if (c == u'(') ++前开;
+        else if (c == u')') ++前闭;
+    }
+    return QString();
+}
+
+// ---------------------------------------------------------------------------
+// 算式显示形式.
+const QString 留空运算符 = QStringLiteral("-+*/\\^=");
+
+constexpr 替换项 符号收拢表[] = {
+    {u"+ - ", u"+ -"}, {u"- - ", u"- -"}, {u"* - ", u"* -"}, {u"/ - ", u"/ -"},
+    {u"\\ - ", u"\\ -"}, {u"^ - ", u"^ -"},
+};
+static_assert(std::size(符号收拢表) == 6);
+
+// Longest first, so that "ASINH" is not taken for "A" + "SINH".
+constexpr 替换项 函数显示表[] = {
+    {u"ASINH", u"Asinh"}, {u"ACOSH", u"Acosh"}, {u"ATANH", u"Atanh"}, {u"ACOTH", u"Acoth"},
+    {u"SINH", u"Sinh"}, {u"COSH", u"Cosh"}, {u"TANH", u"Tanh"}, {u"COTH", u"Coth"},
+    {u"ASIN", u"Asin"}, {u"ACOS", u"Acos"}, {u"ATAN", u"Atan"}, {u"ACOT", u"Acot"},
+    {u"ASEC", u"Asec"}, {u"ACSC", u"Acsc"}, {u"SIGN", u"Sign"}, {u"RAND", u"Rand"},
+    {u"SIN", u"Sin"}, {u"COS", u"Cos"}, {u"TAN", u"Tan"}, {u"COT", u"Cot"},
+    {u"SEC", u"Sec"}, {u"CSC", u"Csc"}, {u"ABS", u"Abs"}, {u"INT", u"Int"},
+    {u"SQR", u"Sqr"}, {u"LG", u"Lg"}, {u"LN", u"Ln"}, {u"IF", u"If "},
+};
+static_assert(std::size(函数显示表) == 28);
+
+constexpr 替换项 指数收拢表[] = {{u"E + ", u"E+"}, {u"E - ", u"E-"}};
+static_assert(std::size(指数收拢表) == 2);
+
+// Every display name ends in one of c d g h n r s t.
+constexpr 替换项 函数括号表[] = {
+    {u"c (", u"c("}, {u"d (", u"d("}, {u"g (", u"g("}, {u"h (", u"h("},
+    {u"n (", u"n("}, {u"r (", u"r("}, {u"s (", u"s("}, {u"t (", u"t("},
+};
+static_assert(std::size(函数括号表) == 8);
+
+constexpr 替换项 空函数表[] = {
+    {u"c ", u"c(0) "}, {u"d ", u"d(0) "}, {u"g ", u"g(0) "}, {u"h ", u"h(0) "},
+    {u"n ", u"n(0) "}, {u"r ", u"r(0) "}, {u"s ", u"s(0) "}, {u"t ", u"t(0) "},
+};
+static_assert(std::size(空函数表) == 8);
+
+constexpr 替换项 收尾表[] = {
+    {u"Π", u"π"}, {u"Ε", u"ε"}, {u")(", u")*("}, {u"( - ", u"(-"}, {u"( + ", u"("},
+};
+static_assert(std::size(收尾表) == 5);
+
+}  // namespace
+
+// ===========================================================================
+
+QString 修复相邻运算符(const QString& 文本) {
+    QString t = 去空格(文本);
+    if (t.isEmpty() || t == 算式错误) return 零;
+    依表替换(t, 重复符号表);
+    依表替换(t, 重复符号表);
+    依表替换(t, 运算符修复表);
+    return t;
+}
+
+QString 算式数字规范(const QString& 文本) {
+    QString t = txt::trim(文本);
+    if (t.isEmpty()) return 零;
+    t = t.toUpper();
+    static const QString 数字起始 = QStringLiteral(".0123456789");
+    QString s;
+    s.reserve(t.size());
+    const int n = txt::len(t);
+    int i = 1;
+    while (i <= n) {
+        const QChar c = txt::at(t, i);
+        if (!数字起始.contains(c)) {
+            s += c;
+            ++i;
+            continue;
+        }
+        const QString x = 向后取数字(t, i);
+        s += txt::trim(Hvt数转数(数值(x)).文本());
+        i += std::max(1, txt::len(x));  // a reader that read nothing still moves on
+    }
+    return s;
+}
+
+QString 检查运算符相邻(const QString& 文本) {
+    const QString t = 去空格(文本);
+    if (t.isEmpty() || t == 算式错误) return 零;
+    try {
+        const QString p = u' ' + t + u' ';
+        const int 错 = 相邻错误数(p);
+        if (错 > 0) {
+            // Counted by the number of faults, recorded once; the first-error
+            // field is set only when this brings the count to exactly 1.
+            公共.错误数 += 错;
+            公共.错误提示 = 相邻错误消息;
+            公共.错误记录 += 相邻错误消息 + QStringLiteral("\r\n");
+            if (公共.错误数 == 1) 公共.首个错误 = 相邻错误消息;
+            交互().告知(相邻错误消息);
+        }
+        const QString 括号消息 = 括号检查(p);
+        if (!括号消息.isEmpty()) {
+            报告错误(括号消息);
+            交互().告知(括号消息);
+        }
+    } catch (const std::exception&) {
+        报告错误(QStringLiteral("  [判断运算符错误；判断括号成对性]过程中，") + QStringLiteral("\r\n") +
+                 QStringLiteral("出现超出范围错误，我无法计算！"));
+    }
+    return t;
+}
+
+QString 算式显示形式(const QString& 文本) {
+    QString t = 去空格(文本);
+    if (t.isEmpty()) return 零;
+    t = t.toUpper();
+    QString s;
+    s.reserve(t.size() * 2);
+    for (QChar c : t) {
+        if (留空运算符.contains(c)) {
+            s += u' ';
+            s += c;
+            s += u' ';
+        } else {
+            s += c;
+        }
+    }
+    s.replace(QStringLiteral("  "), QStringLiteral(" "));
+    依表替换(s, 符号收拢表);
+    依表替换(s, 函数显示表);
+    依表替换(s, 指数收拢表);
+    依表替换(s, 函数括号表);
+    依表替换(s, 空函数表);
+    依表替换(s, 收尾表);
+    s = txt::trim(s);
+    return s.isEmpty() ? 零 : s;
+}
+
+QString 表达式规整(const QString& 文本) {
+    清除计算状态();
+    QString t = 算式结构规整(文本);
+    t = 算式数字规范(t);
+    t = 修复相邻运算符(t);
+    t = 检查运算符相邻(t);
+    t = 算式显示形式(t);
+    if (公共.错误数 < 1) return t;
+    return t + QStringLiteral("请修改");
+}
