@@ -33,18 +33,30 @@ public:
     static constexpr Decimal96 fromParts(std::uint32_t lo, std::uint32_t mid, std::uint32_t hi,
                                          bool negative, int scale) {
         Decimal96 d;
-        d.lo_ = lo; d.mid_ = mid; d.hi_ = hi; d.neg_ = negative;
+        d.lo64_ = (std::uint64_t(mid) << 32) | lo; d.hi_ = hi; d.neg_ = negative;
         d.scale_ = static_cast<std::uint8_t>(scale);
         return d;
     }
+    // The same from the low 64 and high 32 bits of the mantissa.
+    static constexpr Decimal96 fromParts64(std::uint64_t lo64, std::uint32_t hi,
+                                           bool negative, int scale) {
+        Decimal96 d;
+        d.lo64_ = lo64; d.hi_ = hi; d.neg_ = negative;
+        d.scale_ = static_cast<std::uint8_t>(scale);
+        return d;
+    }
+    // Exact, scale 0; never fails (every int64 fits 96 bits).
     static Decimal96 fromInt64(std::int64_t v);
 
-    std::uint32_t lo() const { return lo_; }
-    std::uint32_t mid() const { return mid_; }
+    std::uint32_t lo() const { return static_cast<std::uint32_t>(lo64_); }
+    std::uint32_t mid() const { return static_cast<std::uint32_t>(lo64_ >> 32); }
     std::uint32_t hi() const { return hi_; }
+    std::uint64_t lo64() const { return lo64_; }
     bool negative() const { return neg_; }
     int scale() const { return scale_; }
-    bool isZero() const { return (lo_ | mid_ | hi_) == 0; }
+    bool isZero() const { return (lo64_ | hi_) == 0; }
+    // -1, 0 or 1; a zero of either sign gives 0.
+    int sign() const { return isZero() ? 0 : (neg_ ? -1 : 1); }
     Decimal96 negated() const { Decimal96 d = *this; d.neg_ = !d.neg_; return d; }
     Decimal96 abs() const { Decimal96 d = *this; d.neg_ = false; return d; }
 
@@ -86,13 +98,33 @@ public:
     // Round to `decimals` places (0..28), half away from zero or half to
     // even; never fails (the result never needs more digits than the input).
     enum class Rounding : std::uint8_t { HalfAwayFromZero, HalfEven, TowardZero };
+    // decimals outside 0..28 are clamped into it. A value rounded to zero
+    // keeps its sign (it still reads "0" and compares equal to zero).
     Decimal96 rounded(int decimals, Rounding mode) const;
+
+    // The integer part, cut toward zero, at scale 0 (-7.9 → -7, 0.5 → 0).
+    Decimal96 truncated() const { return rounded(0, Rounding::TowardZero); }
+
+    // The same value with trailing zeros of the fraction dropped (1.500 at
+    // scale 3 → 1.5 at scale 1; 100 stays 100 at scale 0).
+    Decimal96 normalized() const;
+
+    // Decimal digits of the mantissa, 1 for zero (1.50 at scale 2 → 3).
+    int mantissaDigits() const;
+
+    // Digits of the integer part, 0 when it is zero (123.4 → 3, 0.7 → 0).
+    int integerDigits() const;
+
+    // The value as int64 when it is an integer (scale or trailing zeros
+    // aside) in range; false otherwise and `out` untouched.
+    bool toInt64(std::int64_t& out) const;
 
     friend bool operator==(const Decimal96& a, const Decimal96& b) { return compare(a, b) == 0; }
     friend bool operator<(const Decimal96& a, const Decimal96& b) { return compare(a, b) < 0; }
 
 private:
-    std::uint32_t lo_ = 0, mid_ = 0, hi_ = 0;
+    std::uint64_t lo64_ = 0;   // mantissa bits 0..63
+    std::uint32_t hi_ = 0;     // mantissa bits 64..95
     bool neg_ = false;
     std::uint8_t scale_ = 0;
 };
