@@ -1,0 +1,44 @@
+// A clean script state for each test: letter variables decimal 0, arrays at
+// their start values, collectors reset, output defaults, and a recording
+// ask/tell callback (so no test ever blocks on a prompt).
+#pragma once
+
+#include "numeric/decimal.h"
+#include "numeric/text.h"
+#include "script/script.h"
+#include "shell/interaction.h"
+#include "shell/state.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+
+inline void 重置脚本状态() {
+    for (auto& v : 公共.字母变量) v = 数值(Decimal96());
+    for (数组变量* a : {&公共.数组U, &公共.数组V, &公共.数组W}) *a = 数组变量{};
+    公共.脚本输出.clear();
+    公共.括号组位置.fill(0);
+    公共.积分符号位置 = 0;
+    公共.积分错误.clear();
+    公共.积分提示.clear();
+    公共.输出小数位数 = 8;
+    公共.高精度开关 = true;
+    公共.角度单位 = 60;
+    清除计算状态();
+}
+
+inline 数值& 变量(char16_t c) { return 公共.字母变量[static_cast<std::size_t>(字母序号(c))]; }
+inline QString 变量文本(char16_t c) { return txt::trim(变量(c).文本()); }
+
+class 脚本测试 : public ::testing::Test {
+protected:
+    void SetUp() override {
+        重置脚本状态();
+        交互_ = std::make_unique<交互记录作用域>();
+    }
+    void TearDown() override {
+        交互_.reset();
+        重置脚本状态();
+    }
+    记录交互& 交互记录() { return 交互_->记录器; }
+    std::unique_ptr<交互记录作用域> 交互_;
+};
