@@ -3,8 +3,9 @@
 //
 // Every procedure takes a count n and a list a whose first n entries count:
 // a[0] is the first value (C++ index), entries may be text, a blank entry
-// (empty value or blank text) counts as 0, and an entry past the end of the
-// list counts as empty. n below 1 gives the decimal 0 from all eight.
+// (empty value or blank text) counts as 0. n below 1 gives the decimal 0
+// from all eight; n above the length of the list is a fault (the message of
+// the procedure, decimal 0).
 #pragma once
 
 #include "numeric/value.h"

@@ -1,0 +1,294 @@
+#include "numeric/powers.h"
+
+#include "numeric/guarded.h"
+#include "numeric/rounding.h"
+#include "numeric/text.h"
+#include "shell/state.h"
+
+#include <cmath>
+
+namespace {
+
+using 状态 = Decimal96::Status;
+
+QString 修剪文本(const 数值& v) { return txt::trim(v.文本()); }
+
+bool 是空白(const 数值& v) { return v.是空() || 修剪文本(v).isEmpty(); }
+
+// The value itself as a decimal. A blank operand is what Hvt数转数 made of
+// it (zero), since 转十进制 refuses a blank text.
+bool 原值十进制(const 数值& v, const 数值& 读数, Decimal96& out) {
+    return 转十进制(是空白(v) ? 读数 : v, out);
+}
+bool 原值双精度(const 数值& v, double& out) {
+    if (是空白(v)) { out = 0.0; return true; }
+    return 转双精度(v, out);
+}
+
+constexpr Decimal96 k一 = Decimal96::fromParts(1, 0, 0, false, 0);
+constexpr Decimal96 k零;
+// 0.5 as the double 0.5 converted by the 15-digit rule: exactly 5 at scale 1.
+constexpr Decimal96 k半 = Decimal96::fromParts(5, 0, 0, false, 1);
+
+void 降为二十八位() {
+    if (公共.可达有效位数 > 28) 公共.可达有效位数 = 28;
+}
+
+// ---- x^I by the doubling scheme ---------------------------------------------
+// The order of the decimal products is part of the last digits of a power, so
+// the scheme is kept as it stands; the exponents of P, Q and R are tracked
+// beside it so that the round stops as soon as R holds A^I (the remaining
+// rounds of the scheme no longer touch R). A few exponents (just below a
+// power of two) make the scheme creep one step a round; past 轮数上限 rounds
+// the power is computed afresh by square-and-multiply instead, so no
+// exponent can hold the thread for long.
+using 大整数 = unsigned __int128;
+constexpr long 轮数上限 = 300000;
+
+bool 平方乘幂(const Decimal96& A, 大整数 I, Decimal96& R) {
+    Decimal96 底 = A, 积 = k一;
+    while (I > 0) {
+        if (I & 1) {
+            if (Decimal96::mul(积, 底, 积) != 状态::Ok) return false;
+        }
+        I >>= 1;
+        if (I > 0 && Decimal96::mul(底, 底, 底) != 状态::Ok) return false;
+    }
+    R = 积;
+    return true;
+}
+
+bool 整数幂(const Decimal96& A, 大整数 I, Decimal96& Rout) {
+    Decimal96 R = k一, P = k一, Q = k一;
+    大整数 eR = 0, eP = 0, eQ = 0;  // exponents of A held by R, P, Q
+    大整数 rem = I;
+    long 轮 = 0;
+    auto 乘 = [](const Decimal96& a, const Decimal96& b, Decimal96& out) {
+        return Decimal96::mul(a, b, out) == 状态::Ok;
+    };
+    for (大整数 k = 1; k <= I; ++k) {
+        if (eR == I) break;
+        if (++轮 > 轮数上限) return 平方乘幂(A, I, Rout);
+        const 大整数 j = k;
+        if (!乘(A, P, P)) return false;
+        eP += 1;
+        Q = P; eQ = eP;
+        if (rem == k) {
+            if (!乘(P, R, R)) return false;
+            eR += eP;
+        }
+        if (rem >= j + j) {
+            if (!乘(Q, Q, P)) return false;
+            eP = eQ + eQ;
+            k = j + j;
+            if (rem == k) {
+                if (!乘(P, R, R)) return false;
+                eR += eP;
+            }
+            // "rem - k" may be negative in the scheme; compare without wrapping.
+            if (k < rem && j > rem - k) {
+                if (!乘(P, R, R)) return false;
+                eR += eP;
+                rem -= k;
+                k = 0;
+                P = k一; eP = 0;
+            }
+            if (k <= rem && j < rem - k && k > rem - k) {
+                if (!乘(Q, P, P)) return false;
+                eP += eQ;
+                if (!乘(P, R, R)) return false;
+                eR += eP;
+                rem = rem - k - j;
+                k = 0;
+                P = k一; eP = 0;
+            }
+        }
+    }
+    Rout = R;
+    return true;
+}
+
+enum class 结局 { 成, 转双精度, 失败 };
+
+// The decimal tier of 乘方. `a`, `b` are the Hvt数转数 readings of x, y.
+结局 十进制乘方(const 数值& x, const 数值& y, const 数值& a, const 数值& b, 数值& out) {
+    // Probe in double: a result the decimal cannot carry never enters the loops.
+    double ad = 0, bd = 0;
+    if (!转双精度(a, ad) || !转双精度(b, bd)) return 结局::转双精度;
+    const double p = std::pow(ad, bd);
+    if (!std::isfinite(p)) return 结局::转双精度;
+    if (HvtE位置(Hvt数转数(数值(p))) >= 1) return 结局::转双精度;
+
+    Decimal96 A, B;
+    if (!原值十进制(x, a, A) || !原值十进制(y, b, B)) return 结局::转双精度;
+
+    if (B == k半) {
+        out = 开平方(x);
+    } else if (B == k半.negated()) {
+        Decimal96 根, 商;
+        if (!转十进制(开平方(x), 根)) return 结局::转双精度;
+        if (Decimal96::div(k一, 根, 商) != 状态::Ok) return 结局::转双精度;
+        out = 数值(商);
+    } else {
+        if (A.isZero()) {
+            if (B.negative()) return 结局::失败;
+            out = 数值(k零);
+            return 结局::成;  // 0^y: no iteration, 可达有效位数 untouched
+        }
+        const Decimal96 C = B.abs();
+        const Decimal96 整 = C.rounded(0, Decimal96::Rounding::TowardZero);
+        Decimal96 F;
+        if (!转十进制(数值(QStringLiteral("0.") + 取数值的小数部分(数值(C))), F)) return 结局::转双精度;
+
+        // The integer part as a count (C < 7.93E+28 fits 128 bits).
+        大整数 I = 0;
+        {
+            const QString s = 整.toText();
+            for (QChar ch : s) {
+                if (!txt::isAsciiDigit(ch)) return 结局::转双精度;
+                I = I * 10 + (ch.unicode() - u'0');
+            }
+        }
+
+        auto 求幂 = [&](const Decimal96& 底, Decimal96& R) -> bool {
+            if (!整数幂(底, I, R)) return false;
+            if (F.isZero() || !(k零 < F)) return true;
+            Decimal96 P = 底, Q = k一, 余 = F;
+            for (int 轮 = 0; 轮 < 93; ++轮) {
+                if (Decimal96::mul(Q, k半, Q) != 状态::Ok) return false;
+                if (!转十进制(开平方(数值(P)), P)) return false;
+                if (P == k一) break;
+                if (!(余 < Q)) {
+                    if (Decimal96::sub(余, Q, 余) != 状态::Ok) return false;
+                    if (Decimal96::mul(P, R, R) != 状态::Ok) return false;
+                    if (余.isZero()) break;
+                }
+            }
+            return true;
+        };
+
+        Decimal96 R;
+        if (!求幂(A, R)) return 结局::转双精度;
+        if (!B.negative()) {
+            out = 数值(R);
+        } else {
+            if (R.isZero()) return 结局::失败;
+            // A base below 1 with a negative exponent: A^|y| may have been cut
+            // at the 28th place to a few digits, and 1/R would show that cut
+            // in its leading digits. Then the power is taken of 1/A instead.
+            static const Decimal96 k微 = Decimal96::fromParts(1, 0, 0, false, 14);  // 1E-14
+            if (R.abs() < k微) {
+                Decimal96 倒底;
+                if (Decimal96::div(k一, A, 倒底) != 状态::Ok) return 结局::转双精度;
+                if (!求幂(倒底, R)) return 结局::转双精度;
+                out = 数值(R);
+            } else {
+                Decimal96 商;
+                if (Decimal96::div(k一, R, 商) != 状态::Ok) return 结局::转双精度;
+                out = 数值(商);
+            }
+        }
+    }
+    if (公共.可达有效位数 == 29) 公共.可达有效位数 = 28;
+    return 结局::成;
+}
+
+数值 乘方失败(const 数值& x, const 数值& y) {
+    报告错误(修剪文本(x) + QStringLiteral("^") + 修剪文本(y) +
+             QStringLiteral(" 乘方计算超出本程序计算范围！返回 [1] 。"));
+    return 数值(QStringLiteral("1"));
+}
+
+数值 开平方失败(const 数值& x) {
+    报告错误(QStringLiteral("  进行[开平方]运算时， ") + 修剪文本(x) +
+             QStringLiteral(" 数值超出计算范围！返回数值用 [1] 表示。"));
+    return 数值(QStringLiteral("1"));
+}
+
+数值 对数(const 数值& x, bool 常用) {
+    const 数值 a = Hvt数转数(x);
+    double d = 0;
+    if (!转双精度(a, d) || !(d > 0)) {
+        报告错误(常用 ? QStringLiteral("lg(x)的x 小于等于0错误。") : QStringLiteral("ln(x)的x 小于等于0错误。"));
+        return 数值(QStringLiteral("1"));
+    }
+    const double r = 常用 ? std::log(d) / std::log(10.0) : std::log(d);
+    记录精度损失();
+    return 数值(r);
+}
+
+}  // namespace
+
+数值 乘方(const 数值& x, const 数值& y) {
+    const 数值 b = Hvt数转数(y);
+    if (是零(b)) return 数值(k一);
+    const 数值 a = Hvt数转数(x);
+
+    if (公共.高精度开关 && HvtE位置(b) < 1 && HvtE位置(a) < 1) {
+        数值 r;
+        switch (十进制乘方(x, y, a, b, r)) {
+        case 结局::成: return r;
+        case 结局::失败: return 乘方失败(x, y);
+        case 结局::转双精度: break;
+        }
+    }
+
+    double xd = 0, yd = 0;
+    if (!原值双精度(x, xd) || !原值双精度(y, yd)) return 乘方失败(x, y);
+    const double r = std::pow(xd, yd);
+    if (!std::isfinite(r)) return 乘方失败(x, y);
+    记录精度损失();
+    return 数值(r);
+}
+
+数值 开平方(const 数值& x) {
+    if (!公共.高精度开关) {
+        double d = 0;
+        if (!原值双精度(x, d) || d < 0) return 开平方失败(x);
+        记录精度损失();
+        return 数值(std::sqrt(d));
+    }
+
+    Decimal96 A;
+    if (!原值十进制(x, 数值(k零), A)) return 开平方失败(x);
+    if (A < k零) return 开平方失败(x);
+
+    Decimal96 t, tt;
+    if (Decimal96::fromDouble(std::sqrt(A.toDouble()), t) != 状态::Ok) return 开平方失败(x);
+    if (Decimal96::mul(t, t, tt) == 状态::Ok && tt == A) return 数值(t);
+
+    Decimal96 起步差, B;
+    Decimal96::fromDouble(1E-14, 起步差);
+    if (Decimal96::add(t, 起步差, B) != 状态::Ok) return 开平方失败(x);
+
+    // Newton twice a round, then Aitken's Δ² over the three last values.
+    auto 牛顿 = [&A](const Decimal96& b, Decimal96& out) {
+        Decimal96 q, s;
+        return Decimal96::div(A, b, q) == 状态::Ok && Decimal96::add(q, b, s) == 状态::Ok &&
+               Decimal96::mul(k半, s, out) == 状态::Ok;
+    };
+    for (int i = 1; i < 51; ++i) {
+        if (B.isZero()) break;
+        t = B;
+        Decimal96 C;
+        if (!牛顿(B, B) || !牛顿(B, C)) return 开平方失败(x);
+        Decimal96 D;
+        if (Decimal96::sub(C, B, D) != 状态::Ok) return 开平方失败(x);
+        if (D.isZero()) break;
+        Decimal96 DD, 分母, 修正, 分母1;
+        if (Decimal96::mul(D, D, DD) != 状态::Ok || Decimal96::sub(D, B, 分母1) != 状态::Ok ||
+            Decimal96::add(分母1, t, 分母) != 状态::Ok)
+            return 开平方失败(x);
+        // A second difference of exactly zero means the three values already
+        // agree to the decimal's last place: C is the root.
+        if (分母.isZero()) { B = C; break; }
+        if (Decimal96::div(DD, 分母, 修正) != 状态::Ok || Decimal96::sub(C, 修正, B) != 状态::Ok)
+            return 开平方失败(x);
+        if (B == C) break;
+    }
+    降为二十八位();
+    return 数值(B);
+}
+
+数值 求自然对数(const 数值& x) { return 对数(x, false); }
+数值 求常用对数(const 数值& x) { return 对数(x, true); }
