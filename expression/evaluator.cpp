@@ -417,8 +417,10 @@ QString 表达式计算过程(const QString& 文本) {
     if (开 != 闭) return 括号失败(t, 消息括号不能配对);
     if (开 == 0) return 无括号表达式计算(t);
 
-    // Order check at every place that follows a "(" (prefix counts keep it
-    // linear in the length).
+    // Order check. It is made at every inner place, not only behind a "(":
+    // a properly nested text passes at every place anyway, and so texts
+    // like ")1+2(" or "(1))+((2)" are refused here rather than reaching the
+    // passes with a stray bracket. Prefix counts keep it linear.
     {
         const int n = txt::len(t);
         std::vector<int> 前开(static_cast<std::size_t>(n) + 1, 0), 前闭(static_cast<std::size_t>(n) + 1, 0);
@@ -427,7 +429,6 @@ QString 表达式计算过程(const QString& 文本) {
             前闭[k] = 前闭[k - 1] + (txt::at(t, k) == u')');
         }
         for (int i = 2; i <= n - 1; ++i) {
-            if (txt::at(t, i - 1) != u'(' || txt::at(t, i) == u'(') continue;
             const int l开 = 前开[i - 1], l闭 = 前闭[i - 1];
             const int r开 = 前开[n] - l开, r闭 = 前闭[n] - l闭;
             if (l闭 > l开) return 括号失败(txt::left(t, i - 1), 消息括号顺序);
