@@ -330,13 +330,30 @@ QString 按十进制格式化(const Decimal96& v, const QString& 格式) {
     return 拼装(g, 负, p < 0 ? s : s.left(p), p < 0 ? QString() : s.mid(p + 1));
 }
 
-// Beyond the decimal's range a double has no fraction worth showing.
+// Beyond the decimal's range a double has no fraction worth showing, and
+// only its 15 significant digits mean anything: the rest are shown as zeros
+// rather than as binary noise.
 QString 按双精度格式化(double v, const QString& 格式) {
     const 格式描述 g = 解析格式(格式);
     if (!std::isfinite(v)) v = 0.0;
-    char buf[400];
-    std::snprintf(buf, sizeof buf, "%.0f", std::fabs(v));
-    return 拼装(g, v < 0, QString::fromLatin1(buf), QString());
+    const QString t = 双精度文本(std::fabs(v));
+    const int e = E位置(t);
+    QString 整数;
+    if (e == 0) {
+        const int p = txt::instr(t, QChar(u'.'));
+        整数 = p > 0 ? txt::left(t, p - 1) : t;
+    } else {
+        QString 数字 = txt::left(t, e - 1);
+        数字.remove(u'.');
+        const int 指数 = txt::mid(t, e + 1).toInt();
+        if (指数 < 0) {
+            整数 = QStringLiteral("0");
+        } else {
+            整数 = 数字.left(指数 + 1);
+            while (整数.size() < 指数 + 1) 整数.append(u'0');
+        }
+    }
+    return 拼装(g, v < 0, 整数, QString());
 }
 
 }  // namespace
