@@ -11,6 +11,12 @@
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <ostream>
+
+// Readable QString values in failure messages.
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+QT_END_NAMESPACE
 
 inline void 重置脚本状态() {
     for (auto& v : 公共.字母变量) v = 数值(Decimal96());
