@@ -358,7 +358,8 @@ struct ParsedNumber {
     bool negative = false;
     bool zero = true;
     bool sticky = false;
-    int count = 0;
+    int count = 0;          // kept digits, trailing zeros included
+    int nonzeroEnd = 0;     // one past the last nonzero kept digit
     std::int64_t pointExp = 0;
     char digits[kKeep];
 };
@@ -384,8 +385,12 @@ bool parseNumber(QStringView text, ParsedNumber& p) {
             anyDigit = true;
             if (c != u'0' && firstSig < 0) firstSig = index;
             if (firstSig >= 0) {
-                if (p.count < ParsedNumber::kKeep) p.digits[p.count++] = static_cast<char>(c);
-                else if (c != u'0') p.sticky = true;
+                if (p.count < ParsedNumber::kKeep) {
+                    p.digits[p.count++] = static_cast<char>(c);
+                    if (c != u'0') p.nonzeroEnd = p.count;
+                } else if (c != u'0') {
+                    p.sticky = true;
+                }
             }
             if (!seenPoint) ++intDigits;
             ++index;
@@ -414,8 +419,6 @@ bool parseNumber(QStringView text, ParsedNumber& p) {
         if (expNeg) exp = -exp;
     }
     if (firstSig < 0) return true;   // zero
-    // Trailing zeros among the kept digits carry no value.
-    while (p.count > 0 && p.digits[p.count - 1] == '0') --p.count;
     p.zero = false;
     p.pointExp = intDigits - firstSig + exp;
     return true;
@@ -437,7 +440,7 @@ Status decimalFromParsed(const ParsedNumber& p, Decimal96& out) {
     const std::int64_t P = p.pointExp;   // digits of the integer part (may be <= 0)
     if (P > 29) return Status::Overflow;
     if (P + Decimal96::kMaxScale < 0) { out = Decimal96::fromParts64(0, 0, p.negative, 0); return Status::Ok; }
-    int n = p.count;   // significant digits (trailing zeros gone)
+    int n = p.count;   // significant digits; typed trailing zeros count (they set the scale)
     if (n <= P) {
         // An integer: all digits kept, padded with zeros to scale 0.
         u128 m = digitsValue(p, static_cast<int>(P));
@@ -456,7 +459,7 @@ Status decimalFromParsed(const ParsedNumber& p, Decimal96& out) {
         u128 q = m > 0 ? digitsValue(p, m) : 0;
         if (m < n) {
             int d = p.digits[m] - '0';
-            bool sticky = p.sticky || m + 1 < n;   // trailing zeros are gone: more digits are nonzero
+            bool sticky = p.sticky || m + 1 < p.nonzeroEnd;
             if (d > 5 || (d == 5 && (sticky || (q & 1)))) ++q;
         }
         if (q <= kMaxMantissa) { out = make(q, p.negative, scale); return Status::Ok; }
@@ -518,7 +521,8 @@ Decimal96::Status Decimal96::fromDouble(double d, Decimal96& out) {
     std::from_chars(e + (e[1] == '+' ? 2 : 1), res.ptr, exp10);
     for (const char* c = buf; c < e; ++c)
         if (*c != '.') p.digits[p.count++] = *c;
-    while (p.count > 0 && p.digits[p.count - 1] == '0') --p.count;
+    while (p.count > 0 && p.digits[p.count - 1] == '0') --p.count;   // dropped: the 15 digits carry no scale
+    p.nonzeroEnd = p.count;
     p.zero = p.count == 0;
     p.pointExp = exp10 + 1;
     return decimalFromParsed(p, out);
@@ -529,7 +533,11 @@ double Decimal96::toDouble() const {
     double r;
     if ((m >> 53) == 0 && scale_ <= 22) {
         // Both operands exact in binary64: one correctly rounded division.
-        r = static_cast<double>(static_cast<u64>(m)) / static_cast<double>(static_cast<u64>(kPow10[scale_]));
+        // 10^0 .. 10^22 are exact doubles (5^22 < 2^53).
+        static constexpr double kExact[23] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11,
+                                              1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+        static_assert(sizeof kExact / sizeof kExact[0] == 23);
+        r = static_cast<double>(static_cast<u64>(m)) / kExact[scale_];
     } else {
         char buf[48];
         int n = mantissaText(m, buf);
@@ -756,8 +764,8 @@ bool 文本转双精度(QStringView text, double& out) {
     int n = 0;
     buf[n++] = '0';
     buf[n++] = '.';
-    std::memcpy(buf + n, p.digits, p.count);
-    n += p.count;
+    std::memcpy(buf + n, p.digits, p.nonzeroEnd);
+    n += p.nonzeroEnd;
     if (p.sticky) buf[n++] = '1';
     buf[n++] = 'e';
     auto res = std::to_chars(buf + n, buf + sizeof buf, static_cast<int>(p.pointExp));
