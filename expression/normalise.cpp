@@ -3,6 +3,7 @@
 #include "expression/normalise.h"
 
 #include "expression/evaluator.h"
+#include "expression/functions.h"
 #include "expression/validate.h"
 #include "numeric/decimal.h"
 #include "numeric/guarded.h"
@@ -142,14 +143,8 @@ const QString 开头字符集 = QStringLiteral("0123456789-.(ΠΕπε");
 // A point stands only behind one of these and ahead of a digit.
 const QString 点前字符集 = QStringLiteral(" 0123456789()^*/\\+-");
 
-// The names the evaluator knows, searched as plain text for "name;". The
-// search is as loose as it looks ("OS" is found inside "COS;"); "SING" is
-// the spelling the evaluator's function pass uses. Kept here, in one place,
-// because the check is a text search over exactly this string.
-const QString 已知名称表 = QStringLiteral(
-    "SIN;COS;TAN;COT;ASIN;ACOS;ATAN;ACOT;LG;LN;SINH;COSH;TANH;COTH;ASINH;ACOSH;ATANH;ACOTH;"
-    "SEC;CSC;ASEC;ACSC;ABS;INT;SQR;SING;RAND;"
-    "A;B;C;D;E;F;G;H;I;J;K;L;M;N;P;Q;R;S;T;U;V;W;X;Y;Z;");
+// Names are checked against the evaluator's name table (名称表中有 in
+// functions.h): a plain text search for "name;", as loose as it looks.
 
 // Allowed neighbours of a name; anything else gets a "*" between.
 const QString E前字符集 = QStringLiteral(" 0123456789 ^*/\\+-(");   // 2E3 stays an exponent
@@ -375,7 +370,7 @@ QString 算式结构规整(const QString& 文本) {
             }
             const QString w = 取字母串(t, i);
             const int 长 = std::max(1, txt::len(w));
-            if (txt::instr(已知名称表, w + u';') == 0) {
+            if (!名称表中有(w)) {
                 报告无法识读(w);
                 s += w;
             } else {
