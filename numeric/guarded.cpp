@@ -185,6 +185,12 @@ int HvtE位置(const 数值& x) {
 
 namespace {
 
+// HvtE位置(v) >= 1 without building a decimal's text: a decimal's text
+// never has an exponent.
+bool 有E(const 数值& v) {
+    return !v.是十进制() && HvtE位置(v) >= 1;
+}
+
 // The three tiers shared by product, quotient, sum and difference.
 数值 守护运算(const 数值& x, const 数值& y, 运算符 op, bool 查下溢, const char16_t* 头,
              const char16_t* 符) {
@@ -193,17 +199,19 @@ namespace {
     // Tier 1: the operands as Hvt数转数 reads them. The order matters for
     // the counters: once a is beyond the decimal, y is not converted at all.
     a = Hvt数转数(x);
-    if (HvtE位置(a) >= 1) 十进制可行 = false;
+    if (有E(a)) 十进制可行 = false;
     if (十进制可行) {
         b = Hvt数转数(y);
-        if (HvtE位置(b) >= 1) 十进制可行 = false;
+        if (有E(b)) 十进制可行 = false;
     }
     if (十进制可行 && !数值运算(a, op, b, p)) 十进制可行 = false;
     if (十进制可行 && 查下溢 && !是零(a) && !是零(b) && 是零(p)) 十进制可行 = false;
-    if (十进制可行 && HvtE位置(p) >= 1) 十进制可行 = false;
+    if (十进制可行 && 有E(p)) 十进制可行 = false;
     if (十进制可行) {
         // The result itself comes from x and y as decimals, so that a text
-        // operand keeps every digit it has.
+        // operand keeps every digit it has. When both readings already are
+        // decimals they are exactly those decimals, and p is that result.
+        if (a.是十进制() && b.是十进制()) return p;
         Decimal96 dx, dy;
         数值 r;
         if (作十进制(x, dx) && 作十进制(y, dy) && 数值运算(数值(dx), op, 数值(dy), r)) return r;
