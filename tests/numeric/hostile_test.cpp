@@ -3,11 +3,14 @@
 // collector telling exactly what it should (a failure reported where the
 // text is not a number, nothing where a blank text reads as zero).
 #include "numeric/numeric.h"
+#include "shell/interaction.h"
 #include "shell/state.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -220,6 +223,98 @@ TEST_F(恶意, 极端位数参数) {
     EXPECT_EQ(S(四舍五入(数值(QStringLiteral("1.5")), std::numeric_limits<int>::min()).文本()), "2");
     EXPECT_EQ(S(Hvt有效长度(数值(QStringLiteral("1.23456")), std::numeric_limits<int>::max())), "1.23456");
     EXPECT_EQ(公共.错误数, 0);
+}
+
+// The elementary functions: each reads its argument through Hvt数转数, so a
+// non-number reports at least once (the conversion's marker 1 may then be
+// carried on, as their contracts say); a blank argument reads as zero.
+struct 函数被测 {
+    const char* 名;
+    std::function<数值(const QString&)> 调用;
+    const char* 非数标记;    // result text for a non-number (nullptr: not fixed)
+    const char* 空白结果;    // result text for a blank argument (nullptr: a failure)
+};
+
+std::vector<函数被测> 函数被测表() {
+    const QString two = QStringLiteral("2");
+    return {
+        {"乘方 x", [two](const QString& t) { return 乘方(t, two); }, "1", "0"},
+        {"乘方 y", [two](const QString& t) { return 乘方(two, t); }, "1", "1"},
+        {"开平方", [](const QString& t) { return 开平方(t); }, "1", "0"},
+        {"求自然对数", [](const QString& t) { return 求自然对数(t); }, nullptr, nullptr},
+        {"求常用对数", [](const QString& t) { return 求常用对数(t); }, nullptr, nullptr},
+        {"HvtSin", [](const QString& t) { return HvtSin(t); }, nullptr, "0"},
+        {"HvtCos", [](const QString& t) { return HvtCos(t); }, nullptr, "1"},
+        {"HvtTan", [](const QString& t) { return HvtTan(t); }, nullptr, "0"},
+        {"HvtCot", [](const QString& t) { return HvtCot(t); }, nullptr, nullptr},
+        {"度转弧度", [](const QString& t) { return 度转弧度(t); }, nullptr, "0"},
+        {"度分秒转弧度", [](const QString& t) { return 度分秒转弧度(t); }, nullptr, "0"},
+        {"度转梯度", [](const QString& t) { return 度转梯度(t); }, nullptr, "0"},
+        {"度转度分秒", [](const QString& t) { return 度转度分秒(t); }, nullptr, "0"},
+        {"求合计值", [](const QString& t) { return 求合计值(1, {数值(t)}); }, nullptr, "0"},
+        {"求最大值", [](const QString& t) { return 求最大值(2, {数值(QStringLiteral("-5")), 数值(t)}); }, nullptr, "0"},
+        {"求最小值", [](const QString& t) { return 求最小值(2, {数值(QStringLiteral("5")), 数值(t)}); }, nullptr, "0"},
+        {"求平均值", [](const QString& t) { return 求平均值(2, {数值(t), 数值(t)}); }, nullptr, "0"},
+        {"求均方差", [](const QString& t) { return 求均方差(2, {数值(t), 数值(t)}); }, nullptr, "0"},
+        {"求均方差n", [](const QString& t) { return 求均方差n(2, {数值(t), 数值(t)}); }, nullptr, "0"},
+        {"求变异系数", [](const QString& t) { return 求变异系数(2, {数值(t), 数值(t)}); }, nullptr, "1E+28"},
+        {"求变异系数n", [](const QString& t) { return 求变异系数n(2, {数值(t), 数值(t)}); }, nullptr, "1E+28"},
+    };
+}
+
+TEST_F(恶意, 初等函数不崩溃且报告非数) {
+    交互记录作用域 记录;   // 度转梯度 may tell the user about its seconds
+    for (const int 单位 : {60, 100, 3}) {
+        公共.角度单位 = 单位;
+        for (const auto& f : 函数被测表()) {
+            for (const auto& in : 恶意表()) {
+                SCOPED_TRACE(std::string(f.名) + " <- " + in.名 + " unit " + std::to_string(单位));
+                清除计算状态();
+                数值 r;
+                EXPECT_NO_THROW(r = f.调用(in.文本));
+                const std::string 文 = S(r.文本());
+                switch (in.性质) {
+                case 性::空白:
+                    if (f.空白结果) {
+                        EXPECT_EQ(文, f.空白结果);
+                        EXPECT_EQ(公共.错误数, 0);
+                    } else {
+                        EXPECT_GE(公共.错误数, 1);
+                    }
+                    break;
+                case 性::非数:
+                    EXPECT_GE(公共.错误数, 1);
+                    EXPECT_FALSE(公共.首个错误.isEmpty());
+                    if (f.非数标记) {
+                        EXPECT_EQ(文, f.非数标记);
+                    }
+                    break;
+                case 性::数:
+                    break;   // a long fraction or a tiny number: any honest answer
+                }
+            }
+        }
+    }
+    公共.角度单位 = 60;
+}
+
+TEST_F(恶意, 文本转角度从不报告) {
+    for (const auto& in : 恶意表()) {
+        SCOPED_TRACE(in.名);
+        清除计算状态();
+        double r = 0;
+        EXPECT_NO_THROW(r = 文本转角度(in.文本));
+        EXPECT_TRUE(std::isfinite(r));
+        EXPECT_EQ(公共.错误数, 0);
+    }
+    const char* 角度文本[] = {"°", "′″", "°°°", "-°-′-″", "1e999999°", "45°99999999999999999999′"};
+    for (const char* t : 角度文本) {
+        SCOPED_TRACE(t);
+        double r = 0;
+        EXPECT_NO_THROW(r = 文本转角度(QString::fromUtf8(t)));
+        EXPECT_TRUE(std::isfinite(r));
+        EXPECT_EQ(公共.错误数, 0);
+    }
 }
 
 }  // namespace
