@@ -163,14 +163,17 @@ Form1::Form1(QWidget* parent) : QDialog(parent), 存储_(std::make_unique<算式
             b->setObjectName(QStringLiteral("HmBut%1").arg(n));
             b->setAutoDefault(false);
             b->setFocusPolicy(Qt::NoFocus);  // the caret stays in Text1
-            b->setMinimumSize(58, 32);
-            b->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+            b->setMinimumWidth(58);
+            b->setFixedHeight(38);
+            b->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
             const QString h = 面板按钮帮助(n);
             if (!h.isEmpty()) b->setToolTip(h);
             connect(b, &QPushButton::clicked, this, [this, n] { 面板按下(n); });
             格->addWidget(b, k / g.列, k % g.列);
             ++k;
         }
+        // Groups of fewer rows stay at the top, their buttons as tall as the others.
+        格->setRowStretch(格->rowCount(), 1);
         面板->addWidget(组, g.列);
     }
     外->addLayout(面板, 1);
@@ -211,7 +214,7 @@ Form1::Form1(QWidget* parent) : QDialog(parent), 存储_(std::make_unique<算式
     });
     text3_->setPlainText(计算器文本::角度说明);
     text1_->setFocus();
-    resize(1040, 640);
+    resize(1040, sizeHint().height());
 }
 
 Form1::~Form1() = default;

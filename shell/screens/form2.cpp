@@ -61,7 +61,7 @@ Form2::Form2(QWidget* parent) : QWidget(parent) {
     setWindowTitle(公共.软件标题);
 
     auto* 外 = new QVBoxLayout(this);
-    外->setContentsMargins(12, 8, 12, 12);
+    外->setContentsMargins(0, 4, 0, 16);
     外->setSpacing(10);
 
     // The data area: children placed by the rectangles of the rows.
@@ -116,7 +116,11 @@ Form2::Form2(QWidget* parent) : QWidget(parent) {
         网格->addWidget(b, k / 4, k % 4);
         ++k;
     }
-    外->addWidget(工具组);
+    // Tools and foot line up with the data area's buttons (16 pixels in).
+    auto* 下部 = new QVBoxLayout();
+    下部->setContentsMargins(16, 0, 16, 0);
+    下部->setSpacing(10);
+    下部->addWidget(工具组);
 
     // The foot: logo, note, upgrade, help, exit.
     auto* 脚 = new QHBoxLayout();
@@ -145,7 +149,8 @@ Form2::Form2(QWidget* parent) : QWidget(parent) {
     connect(脚按钮("dcButton012", "软件升级"), &QPushButton::clicked, this, [] { 打开链接(公共.主页地址); });
     connect(脚按钮("dcButton013", "帮助 ( F1 )"), &QPushButton::clicked, this, [] { 打开帮助(); });
     connect(脚按钮("dcButton015", "退 出  "), &QPushButton::clicked, this, [this] { close(); });
-    外->addLayout(脚);
+    下部->addLayout(脚);
+    外->addLayout(下部);
 
     auto* f1 = new QShortcut(QKeySequence::HelpContents, this);
     connect(f1, &QShortcut::activated, this, [] { 打开帮助(); });
