@@ -3,8 +3,10 @@
 // any parameter for it. One thread uses it, so it has no locks.
 //
 // Invariants:
-//   * 错误数 >= 0; 首个错误 is empty iff 错误数 == 0 since the last reset;
-//     错误记录 is every message since the reset, each closed by CR LF, in order.
+//   * 错误数 >= 0; 错误记录 is every message since the reset, each closed by
+//     CR LF, in order. 首个错误 is set when 错误数 becomes exactly 1; a check
+//     that adds several faults at once (the adjacent-operator check) jumps
+//     past 1 and leaves it empty, so screens fall back to their own text.
 //   * 可达有效位数 only falls during a calculation (29 → 28 → 15), and only
 //     清除计算状态 puts it back to 29, even with 高精度开关 off.
 //   * 字母变量 and the arrays are zeroed once, at start-up (初始化字母变量),
