@@ -61,26 +61,64 @@ inline u64 div128by64(u64 hi, u64 lo, u64 d, u64& rem) {
 #endif
 }
 
-// u128 / u64 with remainder, through two hardware divisions.
-inline u128 divU128by64(u128 n, u64 d, u64& rem) {
-    u64 hi = static_cast<u64>(n >> 64), lo = static_cast<u64>(n);
-    u64 qhi = 0;
-    if (hi >= d) { qhi = hi / d; hi %= d; }
-    u64 qlo = div128by64(hi, lo, d, rem);
-    return (u128(qhi) << 64) | qlo;
+// Division by 10^k (k = 1..19) through a precomputed reciprocal instead of
+// a hardware division: Möller and Granlund, "Improved division by invariant
+// integers" (IEEE Trans. Computers, 2011), algorithm 4. The divisor is
+// normalised (shifted so its top bit is set); v = floor((2^128-1)/d) - 2^64.
+struct Reciprocal { u64 d; u64 v; int shift; };
+constexpr std::array<Reciprocal, 20> makeReciprocals() {
+    std::array<Reciprocal, 20> t{};
+    for (int k = 1; k < 20; ++k) {
+        u64 d = static_cast<u64>(kPow10[k]);
+        int sh = 0;
+        while (!(d & (u64(1) << 63))) { d <<= 1; ++sh; }
+        t[k] = {d, static_cast<u64>(~u128(0) / d - (u128(1) << 64)), sh};
+    }
+    return t;
+}
+constexpr std::array<Reciprocal, 20> kRecip = makeReciprocals();
+static_assert(kRecip.size() == 20);
+
+// (u1:u0) / d with u1 < d, d normalised.
+inline u64 divPreinv(u64 u1, u64 u0, const Reciprocal& rc, u64& rem) {
+    u128 q = u128(rc.v) * u1 + ((u128(u1) << 64) | u0);
+    u64 q1 = static_cast<u64>(q >> 64) + 1;
+    u64 q0 = static_cast<u64>(q);
+    u64 r = u0 - q1 * rc.d;
+    if (r > q0) { --q1; r += rc.d; }
+    if (r >= rc.d) { ++q1; r -= rc.d; }
+    rem = r;
+    return q1;
+}
+
+// v / 10^k for a 128-bit v, k = 1..19.
+inline u128 divPow10Fast(u128 v, int k, u64& rem) {
+    const Reciprocal& rc = kRecip[k];
+    int sh = rc.shift;
+    u64 hi = static_cast<u64>(v >> 64), lo = static_cast<u64>(v);
+    // Shift the dividend with the divisor: three limbs n2:n1:n0, n2 < d.
+    u64 n2 = sh ? hi >> (64 - sh) : 0;
+    u64 n1 = sh ? (hi << sh) | (lo >> (64 - sh)) : hi;
+    u64 n0 = lo << sh;
+    u64 r;
+    u64 q1 = divPreinv(n2, n1, rc, r);
+    u64 q0 = divPreinv(r, n0, rc, r);
+    rem = r >> sh;
+    return (u128(q1) << 64) | q0;
 }
 
 // m / 10^k for k in 0..38, remainder in rem.
 inline u128 divPow10(u128 m, int k, u128& rem) {
+    if (k == 0) { rem = 0; return m; }
     if (k <= 19) {
         u64 r;
-        u128 q = divU128by64(m, static_cast<u64>(kPow10[k]), r);
+        u128 q = divPow10Fast(m, k, r);
         rem = r;
         return q;
     }
     u64 r1, r2;
-    u128 q = divU128by64(m, static_cast<u64>(kPow10[19]), r1);
-    q = divU128by64(q, static_cast<u64>(kPow10[k - 19]), r2);
+    u128 q = divPow10Fast(m, 19, r1);
+    q = divPow10Fast(q, k - 19, r2);
     rem = u128(r2) * static_cast<u64>(kPow10[19]) + r1;
     return q;
 }
@@ -154,11 +192,45 @@ inline U192 divSmall(const U192& v, u64 d, u64& rem) {
     return q;
 }
 
+// v / 10^k for k = 1..19, remainder in rem.
+inline U192 divPow10Small(const U192& v, int k, u64& rem) {
+    const Reciprocal& rc = kRecip[k];
+    int sh = rc.shift;
+    u64 n3 = sh ? v.w[2] >> (64 - sh) : 0;
+    u64 n2 = sh ? (v.w[2] << sh) | (v.w[1] >> (64 - sh)) : v.w[2];
+    u64 n1 = sh ? (v.w[1] << sh) | (v.w[0] >> (64 - sh)) : v.w[1];
+    u64 n0 = v.w[0] << sh;
+    U192 q;
+    u64 r;
+    q.w[2] = divPreinv(n3, n2, rc, r);
+    q.w[1] = divPreinv(r, n1, rc, r);
+    q.w[0] = divPreinv(r, n0, rc, r);
+    rem = r >> sh;
+    return q;
+}
+
 // v / d for a divisor of 65..96 bits: Knuth's algorithm D on 64-bit limbs.
 // The quotient is below 2^128.
 u128 divLarge(const U192& v, u128 d, u128& rem) {
     u64 d1 = static_cast<u64>(d >> 64), d0 = static_cast<u64>(d);
     int s = __builtin_clzll(d1);
+    if (v.w[2] == 0) {
+        // A 128-bit dividend: the quotient is below 2^64. Estimate it from
+        // the top 64 bits of the normalised divisor (n/2 against them keeps
+        // the hardware division in range), then correct by one: the method
+        // of the usual 128-by-128 division routines.
+        u128 n = v.low128();
+        u64 dn = static_cast<u64>((d << s) >> 64);
+        u128 half = n >> 1;
+        u64 r;
+        u64 q1 = div128by64(static_cast<u64>(half >> 64), static_cast<u64>(half), dn, r);
+        u64 q0 = static_cast<u64>((u128(q1) << s) >> 63);
+        if (q0 != 0) --q0;
+        u128 rr = n - u128(q0) * d;
+        if (rr >= d) { ++q0; rr -= d; }
+        rem = rr;
+        return q0;
+    }
     // Normalise so that the divisor's top bit is set.
     u64 v1 = s ? (d1 << s) | (d0 >> (64 - s)) : d1;
     u64 v0 = d0 << s;
@@ -235,13 +307,13 @@ u128 divPow10Round(U192 v, int k, bool sticky) {
     }
     while (k > 19) {
         u64 r;
-        v = divSmall(v, static_cast<u64>(kPow10[19]), r);
+        v = divPow10Small(v, 19, r);
         sticky |= r != 0;
         k -= 19;
         if (v.isZero()) return 0;   // the rest lies below half of a unit
     }
     u64 r;
-    U192 q = divSmall(v, static_cast<u64>(kPow10[k]), r);
+    U192 q = divPow10Small(v, k, r);
     u128 res = q.low128();
     u64 half = static_cast<u64>(kPow10[k] / 2);
     if (r > half || (r == half && (sticky || (res & 1)))) ++res;
@@ -280,6 +352,37 @@ Status fitResult(const U192& v, int scale, bool neg, bool sticky, Decimal96& out
     }
 }
 
+// fitResult for a value that fits 128 bits: the reduction needs at most
+// 10 digits unless the scale is far above 28; anything else goes the
+// general way. `sticky` as for fitResult; a caller that sets it guarantees
+// that at least one digit is dropped (v >= 2^96).
+inline Status fit128(u128 v, int scale, bool neg, Decimal96& out, bool sticky = false) {
+    int k = std::max(0, scale - Decimal96::kMaxScale);
+    u64 top = static_cast<u64>(v >> 96);
+    if (top) k = std::max(k, digitCount(top));
+    if (k == 0) { out = make(v, neg, scale); return Status::Ok; }
+    while (k <= 19) {
+        if (k > scale) return Status::Overflow;
+        u64 r;
+        u64 d = static_cast<u64>(kPow10[k]);
+        u128 q = divPow10Fast(v, k, r);
+        u64 half = d / 2;
+        if (r > half || (r == half && (sticky || (q & 1)))) ++q;
+        if (q <= kMaxMantissa) { out = make(q, neg, scale - k); return Status::Ok; }
+        ++k;
+    }
+    return fitResult(U192(v), scale, neg, sticky, out);
+}
+
+// The largest mantissa m with m * 10^d < 2^127, d = 0..28.
+constexpr std::array<u128, 29> makeAlignLimits() {
+    std::array<u128, 29> t{};
+    for (int d = 0; d < 29; ++d) t[d] = ((u128(1) << 127) - 1) / kPow10[d];
+    return t;
+}
+constexpr std::array<u128, 29> kAlignLimit = makeAlignLimits();
+static_assert(kAlignLimit.size() == 29);
+
 // Magnitude addition/subtraction of two aligned operands.
 Status addCore(const Decimal96& a, bool negB, const Decimal96& b, Decimal96& out) {
     bool negA = a.negative();
@@ -290,7 +393,7 @@ Status addCore(const Decimal96& a, bool negB, const Decimal96& b, Decimal96& out
         if (negA == negB) {
             u128 s = ma + mb;   // < 2^97
             if (s <= kMaxMantissa) { out = make(s, negA, sa); return Status::Ok; }
-            return fitResult(U192(s), sa, negA, false, out);
+            return fit128(s, sa, negA, out);
         }
         if (ma >= mb) {
             u128 d = ma - mb;
@@ -306,31 +409,43 @@ Status addCore(const Decimal96& a, bool negB, const Decimal96& b, Decimal96& out
     u128 small = aScaled ? ma : mb;
     u128 other = aScaled ? mb : ma;
     int diff = scale - std::min(sa, sb);
-    U192 x, y;
-    if ((small >> 64) == 0 && diff <= 19) {
-        x = U192(small * kPow10[diff]);   // < 2^64 * 10^19 < 2^128
-    } else {
-        x = mulWide(small, kPow10[diff]);
-    }
-    y = U192(other);
     bool negX = aScaled ? negA : negB;
     bool negY = aScaled ? negB : negA;
-    U192 r;
-    bool neg;
-    if (negX == negY) {
-        r = add(x, y);
-        neg = negX;
-    } else {
-        int c = cmp(x, y);
-        if (c == 0) { out = make(0, false, scale); return Status::Ok; }
-        if (c > 0) { r = sub(x, y); neg = negX; }
-        else { r = sub(y, x); neg = negY; }
+    if (small <= kAlignLimit[diff]) {
+        // Everything fits 128 bits: small * 10^diff < 2^127, other < 2^96,
+        // and their sum < 2^128.
+        u128 x = small * kPow10[diff];
+        u128 r;
+        bool neg;
+        if (negX == negY) {
+            r = x + other;
+            neg = negX;
+        } else if (x > other) {
+            r = x - other;
+            neg = negX;
+        } else if (x < other) {
+            r = other - x;
+            neg = negY;
+        } else {
+            out = make(0, false, scale);
+            return Status::Ok;
+        }
+        if (r <= kMaxMantissa) { out = make(r, neg, scale); return Status::Ok; }
+        return fit128(r, scale, neg, out);
     }
-    if (r.fitsU128() && r.low128() <= kMaxMantissa) {
-        out = make(r.low128(), neg, scale);
-        return Status::Ok;
-    }
-    return fitResult(r, scale, neg, false, out);
+    // X = small * 10^diff >= 2^127 > 10^38 has dX = digits(small) + diff
+    // digits, far beyond Y = other (< 10^29), so X ± Y >= 0.9 * 10^(dX-1).
+    // Divide by 10^k0, k0 = dX - 31, before adding: X / 10^k0 is exact,
+    // Y / 10^k0 is cut with its remainder kept as a sticky bit, and the
+    // truncated result t >= 9 * 10^29 still has more digits than 96 bits
+    // hold, so the final rounding drops at least one more digit and sees
+    // every discarded one. t < 1.1 * 10^31 fits 128 bits.
+    int k0 = digitCount(small) + diff - 31;
+    u128 A = small * kPow10[diff - k0];
+    u128 yr;
+    u128 yq = divPow10(other, k0, yr);
+    u128 t = negX == negY ? A + yq : A - yq - (yr != 0 ? 1 : 0);
+    return fit128(t, scale - k0, negX, out, yr != 0);
 }
 
 // Strip trailing zeros of q down to scale `floor`.
@@ -340,7 +455,7 @@ inline void stripZeros(u128& q, int& scale, int floor) {
     for (int st : steps) {
         while (scale - st >= floor) {
             u64 r;
-            u128 t = divU128by64(q, static_cast<u64>(kPow10[st]), r);
+            u128 t = divPow10Fast(q, st, r);
             if (r != 0) break;
             q = t;
             scale -= st;
@@ -480,7 +595,7 @@ int mantissaText(u128 m, char* buf) {
     int n = 0;
     while (m >> 64) {
         u64 r;
-        m = divU128by64(m, static_cast<u64>(kPow10[19]), r);
+        m = divPow10Fast(m, 19, r);
         for (int k = 0; k < 19; ++k) { tmp[n++] = static_cast<char>('0' + r % 10); r /= 10; }
     }
     u64 x = static_cast<u64>(m);
@@ -594,7 +709,7 @@ Decimal96::Status Decimal96::mul(const Decimal96& a, const Decimal96& b, Decimal
     if ((a.hi_ | b.hi_) == 0) {
         u128 p = u128(a.lo64_) * b.lo64_;
         if (p <= kMaxMantissa && scale <= kMaxScale) { out = make(p, neg, scale); return Status::Ok; }
-        return fitResult(U192(p), scale, neg, false, out);
+        return fit128(p, scale, neg, out);
     }
     U192 p = mulWide(mant(a), mant(b));
     return fitResult(p, scale, neg, false, out);
@@ -624,12 +739,12 @@ Decimal96::Status Decimal96::div(const Decimal96& a, const Decimal96& b, Decimal
     }
     int floorScale = std::max(natural, 0);
     // More digits while a remainder is left, the quotient fits 96 bits and
-    // the scale stays within 28. A chunk of j digits is safe when
-    // (q + 1) * 10^j <= 2^96; the last single digit is tried exactly.
+    // the scale stays within 28. A chunk of j digits is safe when q has
+    // 28 - j digits or fewer: (q + 1) * 10^j <= 10^28 < 2^96. Then q has 28
+    // digits, and one more digit is tried exactly (two never fit).
     while (r != 0 && scale < kMaxScale) {
         int room = kMaxScale - scale;
-        u128 limit = kTwo96 / (q + 1);   // (q+1)*10^j <= 2^96  ⇔  10^j <= limit
-        int j = digitCount(limit) - 1;
+        int j = kMaxScale - (q == 0 ? 0 : digitCount(q));
         if (j > room) j = room;
         if (j > 0) {
             u128 q2;
