@@ -3,18 +3,11 @@
 // the elementary functions.
 #pragma once
 
+#include "numeric/circular.h"
 #include "numeric/decimal.h"
 #include "numeric/guarded.h"
+#include "numeric/powers.h"
 #include "numeric/rounding.h"
+#include "numeric/statistics.h"
 #include "numeric/text.h"
 #include "numeric/value.h"
-
-#if __has_include("numeric/powers.h")
-#include "numeric/powers.h"
-#endif
-#if __has_include("numeric/circular.h")
-#include "numeric/circular.h"
-#endif
-#if __has_include("numeric/statistics.h")
-#include "numeric/statistics.h"
-#endif
