@@ -1,0 +1,127 @@
+// The workbench run within one system: heads, rows, notes, refusals, and
+// the right box piling up.
+#include "geodesy/projection.h"
+#include "geodesy/workbench.h"
+
+#include "numeric/circular.h"
+#include "shell/interaction.h"
+#include "shell/state.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+坐标转换设置 设置(int 模式, double 左 = 117, double 右 = 117) {
+    坐标转换设置 s;
+    s.OptionA = 模式;
+    s.左中央子午线 = 左;
+    s.右中央子午线 = 右;
+    return s;
+}
+
+}  // namespace
+
+TEST(同系坐标转换, 经纬度到公里网) {
+    交互记录作用域 记录;
+    const QString 左 = QString::fromUtf8("D01, 116°24′00″, 39°54′00″, 50.5\r\n北京, 116.24, 39.54\r\n");
+    const auto r = 同系坐标转换(左, 设置(0), QString::fromUtf8("旧的成果"));
+    EXPECT_TRUE(r.已转换);
+    EXPECT_EQ(r.点数, 2);
+    EXPECT_EQ(r.左文本, QString::fromUtf8("┈┈ 经纬度 北京54 坐标系 ┈┈YXH ┈┈\r\n"
+                                          "D01  , 116°24′00″ , 39°54′00″ , 50.500\r\n"
+                                          "北京 , 116°24′00″ , 39°54′00″\r\n"));
+    EXPECT_EQ(r.右文本, QString::fromUtf8("*** 北京54 公里网（YXH）┈ ZWX = 117°00′00″ \r\n"
+                                          "D01  , 00448687.997 , 4418676.150 , 50.500\r\n"
+                                          "北京 , 00448687.997 , 4418676.150\r\n"
+                                          "\r\n旧的成果"));
+    EXPECT_TRUE(记录.记录器.记录.isEmpty());
+    EXPECT_EQ(公共.列表分隔符, QString(","));
+}
+
+TEST(同系坐标转换, 公里网到经纬度与换带) {
+    交互记录作用域 记录;
+    // A Y typed with its zone number reads the same on the free meridian.
+    const QString 左 = QString::fromUtf8("A, 448687.997, 4418676.150\r\nB, 39448687.997, 4418676.150\r\n");
+    auto s = 设置(1);
+    s.右顺序 = "XYH";
+    s.带序号 = false;
+    auto r = 同系坐标转换(左, s, QString());
+    EXPECT_EQ(r.右文本, QString::fromUtf8("*** 北京54 经纬度 ┈ XYH ┈\r\n"
+                                          "39°54′00″ , 116°24′00″\r\n"
+                                          "39°54′00″ , 116°24′00″\r\n\r\n"));
+    EXPECT_TRUE(r.左文本.startsWith(QString::fromUtf8("┈ 公里网 北京54 坐标系 ┈YXH ┈\r\n")));
+    // Zone change 117 → 120 equals the direct conversion on 120.
+    r = 同系坐标转换(左, 设置(2, 117, 120), QString());
+    ASSERT_TRUE(r.已转换);
+    const auto 直 = 同系坐标转换(QString::fromUtf8("A, 116°24′, 39°54′\r\n"), 设置(0, 117, 120), QString());
+    const QString 直行 = 直.右文本.split("\r\n")[1];
+    EXPECT_EQ(r.右文本.split("\r\n")[1], 直行);
+    EXPECT_TRUE(r.右文本.startsWith(QString::fromUtf8("*** 北京54 公里网（YXH）┈ ZWX = 120°00′00″ \r\n")));
+    // Meridians too far apart: refused, boxes as they were but the left one.
+    r = 同系坐标转换(左, 设置(2, 117, 122), QString::fromUtf8("旧"));
+    EXPECT_FALSE(r.已转换);
+    EXPECT_EQ(r.右文本, QString::fromUtf8("旧"));
+    ASSERT_EQ(记录.记录器.记录.size(), 1);
+    EXPECT_EQ(记录.记录器.记录[0].标题, QString::fromUtf8("出错了！"));
+    EXPECT_EQ(记录.记录器.记录[0].文本, QString::fromUtf8("两侧的中央子午线差值不能大于4度，请修改中央子午线的值！"));
+    // A packed meridian 70°30′ is given in degrees, shown as an angle.
+    r = 同系坐标转换(QString::fromUtf8("A, 70°30′, 40°\r\n"), 设置(0, 117, 70.5), QString());
+    EXPECT_TRUE(r.右文本.contains(QString::fromUtf8("ZWX = 70°30′00″ ")));
+    EXPECT_TRUE(r.右文本.contains(QString::fromUtf8("A , 00500000.000 , ")));
+}
+
+TEST(同系坐标转换, 坏点与空表) {
+    交互记录作用域 记录;
+    const QString 零X = QStringLiteral("0000000.000"), 零Y = QStringLiteral("00000000.000");
+    struct { int 模式; const char* 行; const char* 附注; QString 零; } 表[] = {
+        {0, "A, 123.3, 39.54", "错误? 中央子午线设置有误！", 零Y + " , " + 零X},
+        {0, "A, 116.24, 95", "错误? 经纬度应 |x|<=90 |y|<=180", 零Y + " , " + 零X},
+        {1, "A, 448687.997, 10004418676", "错误?公里网坐标(|X|)超出常规!", 角度转文本(0) + " , " + 角度转文本(0)},
+        {1, "A, -448687.997, 4418676.15", "错误?公里网坐标(Y<0)超出常规!", 角度转文本(0) + " , " + 角度转文本(0)},
+    };
+    for (const auto& t : 表) {
+        const QString 左 = QString::fromUtf8(t.行) + "\r\nB, 116.24, 39.54\r\n";
+        const auto r = 同系坐标转换(左, 设置(t.模式), QString());
+        const QStringList 行 = r.右文本.split("\r\n");
+        ASSERT_GE(行.size(), 3) << t.行;
+        EXPECT_EQ(行[1], "A , " + t.零 + QString::fromUtf8(t.附注)) << t.行;
+        EXPECT_EQ(r.点数, 2);  // the next point still runs
+    }
+    // No point: the right box empties.
+    const auto r = 同系坐标转换(QString::fromUtf8("没有数据"), 设置(0), QString::fromUtf8("旧"));
+    EXPECT_FALSE(r.已转换);
+    EXPECT_EQ(r.右文本, QString());
+    EXPECT_TRUE(r.左文本.endsWith(QString::fromUtf8("该字符串中没有发现坐标数据!!!")));
+}
+
+TEST(同系坐标转换, 分隔符系统与上限) {
+    交互记录作用域 记录;
+    auto s = 设置(0);
+    s.分隔符 = "TAB";
+    s.椭球键 = "2K";
+    s.坐标系名称 = 坐标系名称("2K");
+    auto r = 同系坐标转换(QString::fromUtf8("A\t116.24\t39.54\r\n"), s, QString());
+    EXPECT_EQ(公共.列表分隔符, QString("\t"));
+    EXPECT_TRUE(r.右文本.startsWith(QString::fromUtf8("*** 国家2000 公里网（YXH）")));
+    // TAB is no printable separator: the cleaned list is written with ",".
+    EXPECT_TRUE(r.左文本.contains(QString::fromUtf8("A    , 116°24′00″ , 39°54′00″")));
+    // A different ellipsoid gives other digits.
+    const auto bj = 同系坐标转换(QString::fromUtf8("A,116.24,39.54\r\n"), 设置(0), QString());
+    EXPECT_NE(r.右文本.split("\r\n")[1], bj.右文本.split("\r\n")[1]);
+    公共.列表分隔符 = ",";
+    // The screen's limit of 200, and none.
+    QString 多;
+    for (int i = 0; i < 230; ++i) 多 += QString("P%1, 116.%2, 39.54\r\n").arg(i).arg(i % 50 + 10);
+    auto t = 同系坐标转换(多, 设置(0), QString());
+    EXPECT_EQ(t.点数, 200);
+    auto s2 = 设置(0);
+    s2.点数上限 = 0;
+    t = 同系坐标转换(多, s2, QString());
+    EXPECT_EQ(t.点数, 230);
+    EXPECT_TRUE(记录.记录器.记录.isEmpty());
+    struct { const char* 键; const char* 名; } 名表[] = {
+        {"BJ", "北京54"}, {"XA", "西安80"}, {"2K", "国家2000"}, {"WGS", "中国WGS84"}, {"wgsn", "WGS84 -N"},
+        {"WGSS", "WGS84 -S"}, {"UTMN", "UTM-WGS -N"}, {" UTMS", "UTM-WGS -S"}, {"X", ""},
+    };
+    for (const auto& n : 名表) EXPECT_EQ(坐标系名称(n.键), QString::fromUtf8(n.名)) << n.键;
+}
