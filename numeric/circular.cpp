@@ -226,6 +226,17 @@ const Decimal96& 每度弧度() { static const Decimal96 v = 解析常数(每度
     Decimal96 m;
     if (!周内角(x, m)) return 函数失败(头, x);
     if (m < k零 && Decimal96::add(m, 二π(), m) != 状态::Ok) return 函数失败(头, x);
+    // A remainder taken in double (an argument that had fallen) may lie
+    // outside one turn; bring it back in decimal before the quadrant tests.
+    if (m < k零 || !(m < 二π())) {
+        Decimal96 圈, 积;
+        if (Decimal96::div(m, 二π(), 圈) != 状态::Ok) return 函数失败(头, x);
+        圈 = 圈.rounded(0, Decimal96::Rounding::TowardZero);
+        if (Decimal96::mul(圈, 二π(), 积) != 状态::Ok || Decimal96::sub(m, 积, m) != 状态::Ok)
+            return 函数失败(头, x);
+        if (m < k零 && Decimal96::add(m, 二π(), m) != 状态::Ok) return 函数失败(头, x);
+        if (m < k零 || !(m < 二π())) return 函数失败(头, x);
+    }
     数值 r;
     if (!正弦级数(m, r)) return 函数失败(头, x);
     return r;

@@ -211,6 +211,26 @@ TEST_F(圆函数, 正弦扫描对照长双精度) {
     }
 }
 
+// An argument beyond the decimal has lost its digits in the remainder; the
+// sine must still be a sine, and the fall must show in the counters.
+TEST_F(圆函数, 巨大自变量仍在一圈之内) {
+    for (const char* x : {"1E+30", "-1E+30", "79228162514264337593543950335", "-1234567890123456789012345678"}) {
+        清除计算状态();
+        const 数值 r = HvtSin(T(x));
+        ASSERT_TRUE(r.是十进制()) << x << " " << 述(r) << S(公共.错误记录);
+        EXPECT_FALSE(Decimal96::fromInt64(1) < r.十进制值().abs()) << x;
+        EXPECT_EQ(公共.错误数, 0) << x;
+    }
+    清除计算状态();
+    HvtSin(T("1E+30"));
+    EXPECT_EQ(公共.可达有效位数, 15);
+    // So far out that not even the double remainder is a number of one turn
+    // the decimal can hold: the sine reports instead of guessing.
+    清除计算状态();
+    EXPECT_EQ(述(HvtSin(T("1E+300"))), "E:");
+    EXPECT_EQ(S(公共.错误提示), "  进行[HvtSin]正弦运算时， 1E+300 数值超出计算范围，我无法计算！返回数值用 [空值] 表示。");
+}
+
 TEST_F(圆函数, 高精度关闭时正弦走双精度) {
     公共.高精度开关 = false;
     const 数值 r = HvtSin(T("0.5"));

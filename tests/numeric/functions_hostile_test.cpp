@@ -127,11 +127,14 @@ TEST_F(函数恶意输入, 数值过程给标记并按约报告) {
             EXPECT_EQ(公共.错误数, p.坏错误) << 示 << S(公共.错误记录.left(300));
             // The first report is the reading of the bad text, quoted, save
             // for 开平方, which reads its argument itself.
-            if (p.坏错误 > 1 || !p.坏消息)
+            if (p.坏错误 > 1 || !p.坏消息) {
                 EXPECT_EQ(S(公共.首个错误),
                           S(k数转数头 + 修剪(in.文本) + QStringLiteral(" 数值超出计算范围！返回数值用[1]表示。")))
                     << 示;
-            if (p.坏消息) EXPECT_EQ(S(公共.错误提示), S(p.坏消息(修剪(in.文本)))) << 示;
+            }
+            if (p.坏消息) {
+                EXPECT_EQ(S(公共.错误提示), S(p.坏消息(修剪(in.文本)))) << 示;
+            }
         }
     }
     // The angle readers show no message box for input that is no angle.
@@ -198,8 +201,9 @@ TEST_F(函数恶意输入, 双精度族面对非有限与极值) {
         EXPECT_TRUE(std::isfinite(g)) << x;
         // A value whose text needs an exponent has no angle text.
         const QString 文 = 角度转文本(x);
-        if (!std::isfinite(x) || std::fabs(x) >= 1E+15 || (x != 0.0 && std::fabs(x) < 1E-15))
+        if (!std::isfinite(x) || std::fabs(x) >= 1E+15 || (x != 0.0 && std::fabs(x) < 1E-15)) {
             EXPECT_EQ(S(文), "0°") << x;
+        }
         // Beyond the bound, or without a fraction, the packed forms pass x on.
         const double p = 度转度分秒双精度(x), q = 规范度分秒(x);
         if (std::isnan(x)) {
