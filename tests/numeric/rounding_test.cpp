@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <string>
 
 namespace {
@@ -190,6 +192,37 @@ TEST_F(舍入, 科学计数形式) {
     EXPECT_EQ(S(科学计数形式(T("abc"))), "0E+0");
     EXPECT_EQ(公共.错误数, 1);
     EXPECT_EQ(S(公共.错误提示), "进行[科学计数形式]运算时，abc数值超出计算范围！返回数值 0E+0 。");
+}
+
+// Half away from zero on the one digit behind the cut is, for a decimal,
+// the same as rounding half away from zero on the whole discarded part:
+// cross-check the text-digit procedure against the decimal's own rounding
+// over many random decimals of every length and scale.
+TEST_F(舍入, 与十进制舍入一致) {
+    std::mt19937_64 rng(20261123);
+    for (int n = 0; n < 20000; ++n) {
+        const int 位数 = 1 + static_cast<int>(rng() % 28);
+        QString 数字;
+        for (int i = 0; i < 位数; ++i) 数字 += QChar(u'0' + static_cast<char16_t>(rng() % 10));
+        const int 点 = static_cast<int>(rng() % (位数 + 1));
+        QString t = 数字.left(位数 - 点) + (点 > 0 ? QStringLiteral(".") + 数字.right(点) : QString());
+        if (t.startsWith(u'.')) t.prepend(u'0');
+        if (rng() % 2) t.prepend(u'-');
+        const int d = static_cast<int>(rng() % 30);
+        Decimal96 v;
+        ASSERT_EQ(Decimal96::fromText(t, v), Decimal96::Status::Ok) << S(t);
+        const 数值 r = 四舍五入(数值(t), d);
+        ASSERT_TRUE(r.是十进制()) << S(t);
+        EXPECT_EQ(Decimal96::compare(r.十进制值(), v.rounded(std::min(d, 28), Decimal96::Rounding::HalfAwayFromZero)), 0)
+            << S(t) << " to " << d << " gave " << S(r.文本());
+        // The integer part is the truncation, with "-0" for a negative fraction.
+        const Decimal96 截 = v.rounded(0, Decimal96::Rounding::TowardZero);
+        const QString 整 = 取数值的整数部分(数值(t));
+        const bool 负分数 = v.negative() && 截.isZero() && !v.isZero();
+        EXPECT_EQ(S(整), 负分数 ? std::string("-0") : S(截.toText())) << S(t);
+    }
+    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(公共.精度损失数, 0);
 }
 
 TEST(数字文本, 去负号) {
