@@ -230,6 +230,8 @@ QString 公里网转度数(double& X, double& Y, double L0, ZoneWidthCode 带宽
         l = 偶舍入(l * 级数::每弧度度, 10);
         if (y负) l = -l;
     }
+    // A meridian that is no number (a caller's NaN) leaves no longitude.
+    if (!std::isfinite(CM + l)) return 失败(QStringLiteral("错误溢出?转换时超出计算范围！"));
     X = B;
     Y = CM + l;
     return QString();
