@@ -129,7 +129,9 @@ TEST(脚本辅助, IntegerRoundingHalfEvenAndRange) {
     for (const auto& e : 表) {
         std::int32_t n = -99;
         EXPECT_EQ(取整数(QString::fromUtf16(e.文), n), e.成) << QString::fromUtf16(e.文).toStdString();
-        if (e.成) EXPECT_EQ(n, e.值) << QString::fromUtf16(e.文).toStdString();
+        if (e.成) {
+            EXPECT_EQ(n, e.值) << QString::fromUtf16(e.文).toStdString();
+        }
     }
 }
 

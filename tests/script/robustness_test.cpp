@@ -80,7 +80,9 @@ private:
 void 检查收集器(const QString& 脚本) {
     ASSERT_GE(公共.错误数, 0);
     EXPECT_EQ(公共.错误数 == 0, 公共.首个错误.isEmpty()) << 脚本.toStdString();
-    if (公共.错误数 > 0) EXPECT_TRUE(公共.错误记录.contains(公共.首个错误)) << 脚本.toStdString();
+    if (公共.错误数 > 0) {
+        EXPECT_TRUE(公共.错误记录.contains(公共.首个错误)) << 脚本.toStdString();
+    }
 }
 
 }  // namespace

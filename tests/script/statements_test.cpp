@@ -46,7 +46,9 @@ TEST_F(运行, OutputsJoinedAndVariablesCarried) {
         变量(u'X') = 数值(u"2");
         EXPECT_EQ(运行算式(Q(e.脚本)), Q(e.输出)) << Q(e.脚本).toStdString();
         EXPECT_EQ(公共.错误数, 0) << Q(e.脚本).toStdString() << " " << 公共.错误记录.toStdString();
-        if (Q(e.输出) != u"0"_qs || !txt::trim(Q(e.脚本)).isEmpty()) EXPECT_EQ(公共.脚本输出, Q(e.输出));
+        if (!txt::trim(Q(e.脚本)).isEmpty()) {
+            EXPECT_EQ(公共.脚本输出, Q(e.输出));  // the runner leaves its output in the state
+        }
     }
 }
 
@@ -303,8 +305,11 @@ TEST_F(条件, BranchesByTheSignOfTheCondition) {
         EXPECT_EQ(条件判断算式(Q(e.句)), e.成) << Q(e.句).toStdString();
         EXPECT_EQ(变量文本(u'F'), Q(e.F)) << Q(e.句).toStdString();
         EXPECT_EQ(变量文本(u'G'), Q(e.G)) << Q(e.句).toStdString();
-        if (e.成) EXPECT_EQ(公共.错误数, 0) << Q(e.句).toStdString();
-        else EXPECT_EQ(公共.错误提示, QString::fromUtf16(u"计算条件判断算式时----出现错误了！"));
+        if (e.成) {
+            EXPECT_EQ(公共.错误数, 0) << Q(e.句).toStdString();
+        } else {
+            EXPECT_EQ(公共.错误提示, QString::fromUtf16(u"计算条件判断算式时----出现错误了！"));
+        }
     }
     重置脚本状态();
     EXPECT_TRUE(条件判断算式(u"IF(1)(AB=3)(G=1)"_qs));
