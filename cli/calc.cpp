@@ -7,6 +7,7 @@
 #include "expression/evaluator.h"
 #include "shell/calculator.h"
 #include "shell/interaction.h"
+#include "shell/startup.h"
 #include "shell/state.h"
 
 #include <QTextStream>
@@ -132,6 +133,7 @@ int 运行计算(const QStringList& args) {
     标准错误交互 交互实现;
     交互接口* 旧 = 安装交互(&交互实现);
 
+    初始化字母变量();  // the variables start at decimal zero, as when the program starts
     计算器初始化();
     if (内存 == u"1") {
         内存变量全为一();

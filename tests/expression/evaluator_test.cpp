@@ -241,8 +241,8 @@ TEST_F(求值, 失败与消息) {
         EXPECT_GE(公共.错误数, 1) << in.toStdString();
         EXPECT_EQ(公共.首个错误, QString::fromUtf16(c.首个错误)) << in.toStdString();
         EXPECT_TRUE(公共.错误记录.endsWith(QStringLiteral("\r\n")));
-        if (c.有框) EXPECT_EQ(盒.记录器.文本列表(), QStringList{QString::fromUtf16(c.首个错误)}) << in.toStdString();
-        else EXPECT_TRUE(盒.记录器.记录.isEmpty()) << in.toStdString();
+        if (c.有框) { EXPECT_EQ(盒.记录器.文本列表(), QStringList{QString::fromUtf16(c.首个错误)}) << in.toStdString(); }
+        else { EXPECT_TRUE(盒.记录器.记录.isEmpty()) << in.toStdString(); }
     }
 }
 

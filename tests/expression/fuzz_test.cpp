@@ -91,8 +91,8 @@ void 检查(const QString& 文本, const std::string& 名) {
 
     清除计算状态();
     const QString 原 = 表达式计算(文本);
-    if (公共.错误数 > 0) EXPECT_EQ(原, QStringLiteral("1")) << 名 << " (raw)";
-    else EXPECT_FALSE(原.isEmpty()) << 名 << " (raw)";
+    if (公共.错误数 > 0) { EXPECT_EQ(原, QStringLiteral("1")) << 名 << " (raw)"; }
+    else { EXPECT_FALSE(原.isEmpty()) << 名 << " (raw)"; }
 
     // A loose bound that only a runaway loop can pass (speed is measured
     // in the bench, not here).

@@ -91,9 +91,9 @@ TEST_F(计算器, 示例) {
         const QString 预期 = QString::fromUtf16(c.预期);
         ASSERT_TRUE(d.成功) << c.序号 << " " << d.结果.toStdString() << " " << d.状态.toStdString();
         const QString 数 = 数字部分(d.结果);
-        if (c.容差) EXPECT_TRUE(相近(数, 预期, QString::fromUtf16(c.容差))) << c.序号 << ": " << 数.toStdString();
-        else EXPECT_EQ(数, 预期) << c.序号;
-        if (c.约数 >= 0) EXPECT_EQ(d.约数, c.约数 == 1) << c.序号;
+        if (c.容差) { EXPECT_TRUE(相近(数, 预期, QString::fromUtf16(c.容差))) << c.序号 << ": " << 数.toStdString(); }
+        else { EXPECT_EQ(数, 预期) << c.序号; }
+        if (c.约数 >= 0) { EXPECT_EQ(d.约数, c.约数 == 1) << c.序号; }
         EXPECT_EQ(d.约数, d.结果.startsWith(QStringLiteral("约数"))) << c.序号;
         EXPECT_TRUE(盒.记录器.记录.isEmpty()) << c.序号;
     }
@@ -140,7 +140,7 @@ TEST_F(计算器, 结果行格式) {
         // The point (or the end of the integer part) stands at column 31.
         EXPECT_TRUE(行.endsWith(期)) << 行.toStdString();
         const int 点 = 行.indexOf(u'.');
-        if (!期.contains(u'E')) EXPECT_EQ(显示宽度(行.left(点)), 30) << 行.toStdString();
+        if (!期.contains(u'E')) { EXPECT_EQ(显示宽度(行.left(点)), 30) << 行.toStdString(); }
         EXPECT_EQ(约数, c.可达 < 29 && QString::fromUtf16(c.原始).size() > 16) << 行.toStdString();
     }
     公共.可达有效位数 = 29;
