@@ -21,8 +21,8 @@
 #include <QString>
 
 // ---- Constants ---------------------------------------------------------------
-// 29-digit decimal texts (π to 28 places, rounded half up at the last digit;
-// the others derived from it and rounded the same way at scale 28).
+// Decimal texts of the true values rounded to nearest at 28 places
+// (π = 3.14159265358979323846264338327950…, π/180 = 0.01745329251994329576923690768489…).
 inline constexpr const char16_t* 二π文本 = u"6.2831853071795864769252867666";
 inline constexpr const char16_t* π文本 = u"3.1415926535897932384626433833";
 inline constexpr const char16_t* 三π除二文本 = u"4.7123889803846898576939650749";
