@@ -384,7 +384,7 @@ constexpr std::array<u128, 29> kAlignLimit = makeAlignLimits();
 static_assert(kAlignLimit.size() == 29);
 
 // Magnitude addition/subtraction of two aligned operands.
-Status addCore(const Decimal96& a, bool negB, const Decimal96& b, Decimal96& out) {
+__attribute__((always_inline)) inline Status addCore(const Decimal96& a, bool negB, const Decimal96& b, Decimal96& out) {
     bool negA = a.negative();
     u128 ma = mant(a), mb = mant(b);
     int sa = a.scale(), sb = b.scale();
