@@ -115,6 +115,12 @@ enum class 结局 { 成, 转双精度, 失败 };
     // Probe in double: a result the decimal cannot carry never enters the loops.
     double ad = 0, bd = 0;
     if (!转双精度(a, ad) || !转双精度(b, bd)) return 结局::转双精度;
+    // The square root of a negative base is the root's own failure (its
+    // message names the root), not the general one of the power.
+    if (ad < 0 && std::fabs(bd) == 0.5) {
+        out = 开平方(x);
+        return 结局::成;
+    }
     const double p = std::pow(ad, bd);
     if (!std::isfinite(p)) return 结局::转双精度;
     if (HvtE位置(Hvt数转数(数值(p))) >= 1) return 结局::转双精度;

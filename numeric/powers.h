@@ -26,9 +26,10 @@
 //   Double tier (any fault above, 高精度开关 off, a result the decimal
 //   cannot carry such as 10^30, a negative base with a broken exponent):
 //     x and y as doubles; counted as a fall (精度损失数 + 1, 可达有效位数 15).
-//   Failure (the double faults too: 0^-1, (-8)^0.5, overflow, not a number):
+//   Failure (the double faults too: 0^-1, (-8)^0.25, overflow, not a number):
 //     text "1" and the report trimmed x + "^" + trimmed y +
-//     " 乘方计算超出本程序计算范围！返回 [1] 。".
+//     " 乘方计算超出本程序计算范围！返回 [1] 。". A negative base with the
+//     exponent 0.5 or -0.5 is the failure of 开平方 instead (its message).
 数值 乘方(const 数值& x, const 数值& y);
 
 // Square root.
