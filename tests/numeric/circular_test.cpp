@@ -10,6 +10,8 @@
 #include "shell/interaction.h"
 #include "shell/state.h"
 
+#include "functions_test_support.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -19,32 +21,7 @@
 
 namespace {
 
-std::string S(const QString& s) { return s.toStdString(); }
-
-std::string 述(const 数值& v) {
-    switch (v.kind()) {
-    case 数值::类型::空: return "E:";
-    case 数值::类型::文本: return "T:" + S(v.文本值());
-    case 数值::类型::十进制: return "D:" + S(v.文本());
-    case 数值::类型::双精度: return "F:" + S(v.文本());
-    case 数值::类型::整数: return "I:" + S(v.文本());
-    }
-    return "?";
-}
-
-数值 T(const char* s) { return 数值(QString::fromUtf8(s)); }
-
-::testing::AssertionResult 接近(const 数值& v, const char* 真值, double 容差) {
-    if (!v.是十进制()) return ::testing::AssertionFailure() << "not a decimal: " << 述(v);
-    Decimal96 t, tol, d;
-    Decimal96::fromText(QString::fromUtf8(真值), t);
-    Decimal96::fromDouble(容差, tol);
-    if (Decimal96::sub(v.十进制值(), t, d) != Decimal96::Status::Ok)
-        return ::testing::AssertionFailure() << "difference overflows";
-    if (tol < d.abs())
-        return ::testing::AssertionFailure() << S(v.文本()) << " differs from " << 真值 << " by " << S(d.toText());
-    return ::testing::AssertionSuccess();
-}
+using namespace 函数测试;
 
 const char* const kπ除二 = "1.5707963267948966192313216916";
 const char* const kπ = "3.1415926535897932384626433833";
@@ -68,17 +45,6 @@ protected:
         公共.角度单位 = 60;
     }
 };
-
-TEST_F(圆函数, 常数与文本一致) {
-    EXPECT_EQ(S(二π().toText()), k二π);
-    EXPECT_EQ(S(π值().toText()), kπ);
-    EXPECT_EQ(S(三π除二().toText()), k三π除二);
-    EXPECT_EQ(S(π除二().toText()), kπ除二);
-    EXPECT_EQ(S(每度弧度().toText()), "0.0174532925199432957692369077");
-    // Against the long double π: the 28-place constants agree to its digits.
-    EXPECT_NEAR(static_cast<long double>(π值().toDouble()), 3.14159265358979323846L, 1E-15L);
-    EXPECT_NEAR(static_cast<long double>(每度弧度().toDouble()) * 180.0L, 3.14159265358979323846L, 1E-15L);
-}
 
 // ---- Exact points -------------------------------------------------------------
 
@@ -160,18 +126,12 @@ TEST_F(圆函数, 正弦余弦正切余切到二十六位以上) {
         {'t', "1", "1.557407724654902230506974807458360173087"},
         {'k', "1", "0.6420926159343307030064199865942656202303"},
         {'s', "0.5", "0.4794255386042030002732879352155713880818"},
-        {'c', "0.5", "0.8775825618903727161162815826038296519916"},
-        {'t', "0.5", "0.5463024898437905132551794657802853832976"},
-        {'k', "0.5", "1.830487721712451919268019438968816623758"},
-        {'s', "2", "0.9092974268256816953960198659117448427023"},
         {'c', "2", "-0.416146836547142386997568229500762189766"},
         {'t', "2", "-2.185039863261518991643306102313682543432"},
         {'s', "3", "0.1411200080598672221007448028081102798469"},
         {'c', "3", "-0.9899924966004454572715727947312613023937"},
         {'k', "3", "-7.015252551434533469428551379526476578293"},
         {'s', "-1", "-0.8414709848078965066525023216302989996226"},
-        {'c', "-1", "0.5403023058681397174009366074429766037323"},
-        {'t', "-1", "-1.557407724654902230506974807458360173087"},
         {'s', "0.0001", "0.00009999999983333333341666666664682539682815"},
         {'c', "0.0001", "0.9999999950000000041666666652777777780258"},
         {'s', "6.28", "-0.003185301793138238994513181917350549313289"},
@@ -179,9 +139,7 @@ TEST_F(圆函数, 正弦余弦正切余切到二十六位以上) {
         {'k', "6.28", "-313.9404024659638916777498680013392141815"},
         // Large arguments carry the error of the 28-place 2π times the turns.
         {'s', "100", "-0.506365641109758793656557610459785432065"},
-        {'c', "100", "0.8623188722876839341019385139508425355101"},
         {'s', "1000", "0.8268795405320025602558874291092181412127"},
-        {'c', "1000", "0.5623790762907029910782492266053959687558"},
     };
     for (const auto& e : 例) {
         清除计算状态();
@@ -193,21 +151,6 @@ TEST_F(圆函数, 正弦余弦正切余切到二十六位以上) {
                                                              : 3E-27 + 量 * 3E-29;
         EXPECT_TRUE(接近(r, e.真值, 容)) << e.函数 << "(" << e.x << ")";
         EXPECT_EQ(公共.可达有效位数, 27) << e.函数 << "(" << e.x << ")";
-    }
-}
-
-TEST_F(圆函数, 正弦扫描对照长双精度) {
-    for (int i = -60; i <= 60; ++i) {
-        const long double x = i * 0.37L;
-        char 文[32];
-        std::snprintf(文, sizeof 文, "%.2Lf", x);
-        const long double xs = std::stold(文);
-        const 数值 s = HvtSin(T(文)), c = HvtCos(T(文));
-        ASSERT_TRUE(s.是十进制() && c.是十进制()) << 文;
-        EXPECT_NEAR(static_cast<long double>(s.十进制值().toDouble()), std::sin(xs), 2E-16L) << 文;
-        EXPECT_NEAR(static_cast<long double>(c.十进制值().toDouble()), std::cos(xs), 2E-16L) << 文;
-        // |sin| never passes 1, whatever the rounding of the series.
-        EXPECT_FALSE(Decimal96::fromInt64(1) < s.十进制值().abs()) << 文;
     }
 }
 

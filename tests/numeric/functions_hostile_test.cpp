@@ -141,17 +141,6 @@ TEST_F(函数恶意输入, 数值过程给标记并按约报告) {
     EXPECT_TRUE(框.记录器.记录.isEmpty());
 }
 
-// 开平方 reads its argument itself, so its one report is its own.
-TEST_F(函数恶意输入, 开平方只报自己) {
-    for (const auto& in : 恶意输入()) {
-        if (in.空白) continue;
-        清除计算状态();
-        EXPECT_EQ(种类(开平方(数值(in.文本))), "T:1");
-        EXPECT_EQ(公共.错误数, 1);
-        EXPECT_TRUE(公共.首个错误.startsWith(QStringLiteral("  进行[开平方]运算时， ")));
-    }
-}
-
 TEST_F(函数恶意输入, 统计项可为任何文本) {
     using 统计函数 = 数值 (*)(int, const QList<数值>&);
     const 统计函数 八个[] = {求合计值, 求最大值, 求最小值, 求平均值, 求均方差, 求均方差n, 求变异系数, 求变异系数n};
