@@ -87,17 +87,23 @@ QString 求程序目录(const 启动环境& 环境) {
     if (QFileInfo(exe + 菜单库文件名).isFile() && 目录可写(环境.可执行目录)) return exe;
     if (环境.用户数据目录.isEmpty() || !QDir().mkpath(环境.用户数据目录)) return exe;
     const QString 用户 = 加斜杠(环境.用户数据目录);
-    // First start (or a file deleted since): fill in the installed defaults.
-    // Only missing files are copied, so the user's own data is never replaced.
-    const QDir 源(环境.安装数据目录);
-    if (!环境.安装数据目录.isEmpty() && 源.exists()) {
-        for (const QFileInfo& fi : 源.entryInfoList(QDir::Files)) {
+    // First start (or a file deleted since): fill in the installed defaults,
+    // and the data files of a read-only program folder (a portable copy on
+    // read-only media). Only missing files are copied, so the user's own
+    // data is never replaced.
+    auto 补齐 = [&](const QString& 源目录, const QStringList& 式样) {
+        const QDir 源(源目录);
+        if (源目录.isEmpty() || !源.exists()) return;
+        for (const QFileInfo& fi : 源.entryInfoList(式样, QDir::Files)) {
             const QString 目标 = 用户 + fi.fileName();
             if (QFileInfo::exists(目标)) continue;
             if (QFile::copy(fi.filePath(), 目标))
                 QFile::setPermissions(目标, QFile::permissions(目标) | QFileDevice::WriteOwner);
         }
-    }
+    };
+    补齐(环境.安装数据目录, {});
+    补齐(环境.可执行目录, {QStringLiteral("*.db"), QStringLiteral("*.html"), QStringLiteral("*.gif"),
+                            QStringLiteral("*.TXT"), QStringLiteral("*.RTF")});
     return 用户;
 }
 

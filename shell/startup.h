@@ -48,8 +48,9 @@ void 释放单实例锁();
 
 // The data folder, with one closing "/": 可执行目录 when it holds
 // QdpxMenu.db and is writable; otherwise 用户数据目录, created if need be,
-// into which every file of 安装数据目录 that it lacks is copied (never
-// overwriting). If the user folder can't be made, 可执行目录 all the same.
+// into which every file of 安装数据目录 that it lacks is copied, and the
+// data files (*.db, *.html, *.gif, *.TXT, *.RTF) of 可执行目录 when that
+// one is read-only (never overwriting). If the user folder can't be made, 可执行目录 all the same.
 QString 求程序目录(const 启动环境& 环境);
 
 // Step 3: the paths and connection texts from `目录` (a closing "/" is
