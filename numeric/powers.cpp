@@ -108,6 +108,53 @@ bool 整数幂(const Decimal96& A, 大整数 I, Decimal96& Rout) {
     return true;
 }
 
+// The square root of A >= 0 in decimal. A perfect square of the 15-digit
+// double root is taken as it is (迭代 false); otherwise Newton's step twice a
+// round, then Aitken's Δ² over the three last values, at most 50 rounds from
+// a start 1E-14 above the double root. False on a decimal fault.
+bool 平方根(const Decimal96& A, Decimal96& out, bool& 迭代) {
+    迭代 = false;
+    Decimal96 t, tt;
+    if (Decimal96::fromDouble(std::sqrt(A.toDouble()), t) != 状态::Ok) return false;
+    // Only an exact square counts: t has no trailing zeros, so t·t is exact
+    // when its scale 2·scale(t) is within 28; a product rounded at the 28th
+    // place would pass a tiny A with a 15-digit root.
+    if (t.scale() * 2 <= Decimal96::kMaxScale && Decimal96::mul(t, t, tt) == 状态::Ok && tt == A) {
+        out = t;
+        return true;
+    }
+    Decimal96 起步差, B;
+    Decimal96::fromDouble(1E-14, 起步差);
+    if (Decimal96::add(t, 起步差, B) != 状态::Ok) return false;
+
+    auto 牛顿 = [&A](const Decimal96& b, Decimal96& o) {
+        Decimal96 q, s;
+        return Decimal96::div(A, b, q) == 状态::Ok && Decimal96::add(q, b, s) == 状态::Ok &&
+               Decimal96::mul(k半, s, o) == 状态::Ok;
+    };
+    for (int i = 1; i < 51; ++i) {
+        if (B.isZero()) break;
+        t = B;
+        Decimal96 C;
+        if (!牛顿(B, B) || !牛顿(B, C)) return false;
+        Decimal96 D;
+        if (Decimal96::sub(C, B, D) != 状态::Ok) return false;
+        if (D.isZero()) break;
+        Decimal96 DD, 分母, 修正, 分母1;
+        if (Decimal96::mul(D, D, DD) != 状态::Ok || Decimal96::sub(D, B, 分母1) != 状态::Ok ||
+            Decimal96::add(分母1, t, 分母) != 状态::Ok)
+            return false;
+        // A second difference of exactly zero means the three values already
+        // agree to the decimal's last place: C is the root.
+        if (分母.isZero()) { B = C; break; }
+        if (Decimal96::div(DD, 分母, 修正) != 状态::Ok || Decimal96::sub(C, 修正, B) != 状态::Ok) return false;
+        if (B == C) break;
+    }
+    out = B;
+    迭代 = true;
+    return true;
+}
+
 enum class 结局 { 成, 转双精度, 失败 };
 
 // The decimal tier of 乘方. `a`, `b` are the Hvt数转数 readings of x, y.
@@ -259,41 +306,36 @@ enum class 结局 { 成, 转双精度, 失败 };
     if (!原值十进制(x, 数值(k零), A)) return 开平方失败(x);
     if (A < k零) return 开平方失败(x);
 
-    Decimal96 t, tt;
-    if (Decimal96::fromDouble(std::sqrt(A.toDouble()), t) != 状态::Ok) return 开平方失败(x);
-    if (Decimal96::mul(t, t, tt) == 状态::Ok && tt == A) return 数值(t);
-
-    Decimal96 起步差, B;
-    Decimal96::fromDouble(1E-14, 起步差);
-    if (Decimal96::add(t, 起步差, B) != 状态::Ok) return 开平方失败(x);
-
-    // Newton twice a round, then Aitken's Δ² over the three last values.
-    auto 牛顿 = [&A](const Decimal96& b, Decimal96& out) {
-        Decimal96 q, s;
-        return Decimal96::div(A, b, q) == 状态::Ok && Decimal96::add(q, b, s) == 状态::Ok &&
-               Decimal96::mul(k半, s, out) == 状态::Ok;
-    };
-    for (int i = 1; i < 51; ++i) {
-        if (B.isZero()) break;
-        t = B;
-        Decimal96 C;
-        if (!牛顿(B, B) || !牛顿(B, C)) return 开平方失败(x);
-        Decimal96 D;
-        if (Decimal96::sub(C, B, D) != 状态::Ok) return 开平方失败(x);
-        if (D.isZero()) break;
-        Decimal96 DD, 分母, 修正, 分母1;
-        if (Decimal96::mul(D, D, DD) != 状态::Ok || Decimal96::sub(D, B, 分母1) != 状态::Ok ||
-            Decimal96::add(分母1, t, 分母) != 状态::Ok)
-            return 开平方失败(x);
-        // A second difference of exactly zero means the three values already
-        // agree to the decimal's last place: C is the root.
-        if (分母.isZero()) { B = C; break; }
-        if (Decimal96::div(DD, 分母, 修正) != 状态::Ok || Decimal96::sub(C, 修正, B) != 状态::Ok)
-            return 开平方失败(x);
-        if (B == C) break;
+    // Below 1E-16 the iteration's own quantities (the 1E-14 start offset,
+    // the square of the step in Aitken's term) fall under the decimal's last
+    // place and stop it early. Such an A is shifted by an even power of ten
+    // to 0.1 .. 100 (exactly: only the scale changes), rooted there, and
+    // shifted back by half the power.
+    static constexpr Decimal96 k小界 = Decimal96::fromParts(1, 0, 0, false, 16);  // 1E-16
+    int 半移 = 0;
+    if (!A.isZero() && A < k小界) {
+        int 位数 = 0;
+        for (unsigned __int128 m = (static_cast<unsigned __int128>(A.hi()) << 64) |
+                                   (static_cast<unsigned __int128>(A.mid()) << 32) | A.lo();
+             m != 0; m /= 10)
+            ++位数;
+        int 移 = A.scale() - 位数 + 1;
+        if (移 % 2 != 0) 移 -= 1;
+        半移 = 移 / 2;
+        A = Decimal96::fromParts(A.lo(), A.mid(), A.hi(), false, A.scale() - 移);
     }
-    降为二十八位();
-    return 数值(B);
+
+    Decimal96 r;
+    bool 迭代 = false;
+    if (!平方根(A, r, 迭代)) return 开平方失败(x);
+    if (半移 > 0) {
+        Decimal96 幂 = k一;
+        const Decimal96 k十 = Decimal96::fromParts(10, 0, 0, false, 0);
+        for (int i = 0; i < 半移; ++i) Decimal96::mul(幂, k十, 幂);
+        if (Decimal96::div(r, 幂, r) != 状态::Ok) return 开平方失败(x);
+    }
+    if (迭代) 降为二十八位();
+    return 数值(r);
 }
 
 数值 求自然对数(const 数值& x) { return 对数(x, false); }
