@@ -79,9 +79,9 @@ TEST(命令行计算, 结果行与屏幕一致) {
 }
 
 TEST(命令行计算, 参数错误) {
-    for (const QString& b : {"--decimals=29", "--angle=45", "--bogus", "--memory"}) {
-        const 输出 o = 运行({b, "1"});
-        EXPECT_EQ(o.代码, 2) << b.toStdString();
+    for (const char* b : {"--decimals=29", "--angle=45", "--bogus", "--memory"}) {
+        const 输出 o = 运行({QString::fromUtf8(b), "1"});
+        EXPECT_EQ(o.代码, 2) << b;
         EXPECT_TRUE(o.标准输出.isEmpty());
         EXPECT_FALSE(o.标准错误.isEmpty());
     }
