@@ -226,10 +226,11 @@ enum class 结局 { 成, 转双精度, 失败 };
             out = 数值(R);
         } else {
             if (R.isZero()) return 结局::失败;
-            // A base below 1 with a negative exponent: A^|y| may have been cut
-            // at the 28th place to a few digits, and 1/R would show that cut
-            // in its leading digits. Then the power is taken of 1/A instead.
-            static const Decimal96 k微 = Decimal96::fromParts(1, 0, 0, false, 14);  // 1E-14
+            // A base below 1 with a negative exponent: A^|y| below 0.1 has lost
+            // digits at the 28th place (one for each leading zero), and 1/R
+            // would show that loss in its leading digits. Then the power is
+            // taken of 1/A instead, which is above 1 and keeps its digits.
+            static constexpr Decimal96 k微 = Decimal96::fromParts(1, 0, 0, false, 1);  // 0.1
             if (R.abs() < k微) {
                 Decimal96 倒底;
                 if (Decimal96::div(k一, A, 倒底) != 状态::Ok) return 结局::转双精度;
