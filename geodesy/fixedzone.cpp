@@ -38,11 +38,11 @@ QString 正算(double& B, double& L, double L0, const QString& 键, const 带规
     坐标状态.CentralMeridian = 标准子午线(v, 规则.宽码);
     const double CM = 坐标状态.CentralMeridian;
     const double Brad = 度分秒转弧度双精度(B);
-    const double Lrad = 度分秒转弧度双精度(L);
+    // The same as 度分秒转弧度双精度(L), reading the packed number once.
     const double L度 = 度转梯度双精度(L);
-    bool ok = false;
-    const QString 带号 = 中央子午线转带号(CM, 规则.宽码, E.EastCount);
-    const double Z = 带号 == QStringLiteral("==") ? 0 : 带号.toInt(&ok);
+    const double Lrad = 十进制度转弧度(L度);
+    // "==" (no number for this meridian) reads as 0.
+    const double Z = 中央子午线转带号(CM, 规则.宽码, E.EastCount).toInt();
     const double Z1 = Z * 1000000;
     const double 偏移 = Z1 < 0 ? Z1 - E.FE : Z1 + E.FE;
     double X, Y;

@@ -36,7 +36,9 @@ void 检查成果行(const QString& 右, int 模式) {
         ASSERT_GE(字段.size(), 3) << 行.toStdString();
         for (int f = 1; f <= 2; ++f)
             for (QChar c : 字段[f])
-                if (c.isDigit()) ASSERT_EQ(c, QChar(u'0')) << 模式 << ": " << 行.toStdString();
+                if (c.isDigit()) {
+                    ASSERT_EQ(c, QChar(u'0')) << 模式 << ": " << 行.toStdString();
+                }
     }
 }
 
