@@ -276,8 +276,10 @@ QString 序号坐标拆分(const QString& 文本, bool 带序号) {
         按位[1] = &st.拆分值1; 按位[2] = &st.拆分值2; 按位[3] = &st.拆分值3; 按位[4] = &st.拆分值4;
     }
     const int 位数 = 带序号 ? 5 : 4;
+    // The text given back has CR LF line ends again, for a text box.
+    auto 成文 = [](QString t) { return t.replace(QChar(CR), QStringLiteral("\r\n")); };
     auto 有误 = [&](qsizetype 至) {
-        return 净.left(至) + QStringLiteral("\r\n原始坐标数据有误，无法完成数据转换，请检查[序号]和[数据]。");
+        return 成文(净.left(至)) + QStringLiteral("\r\n原始坐标数据有误，无法完成数据转换，请检查[序号]和[数据]。");
     };
     // 6. Scan: a field ends at "," or CR; blank fields keep their place.
     int 行 = 1, 位 = 1;
@@ -306,7 +308,7 @@ QString 序号坐标拆分(const QString& 文本, bool 带序号) {
         ++位;
         if (c == QChar(CR)) { 位 = 1; ++行; }
     }
-    return 净;
+    return 成文(净);
 }
 
 int 最宽序号宽度(const CoordinateRow& 组, int 个数) {

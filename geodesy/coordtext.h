@@ -56,7 +56,8 @@ QString 坐标文本解析(const QString& 文本, int& 个数, CoordinateRow& �
 // 已被自动清除，计算继续进行。" for each dropped character), then fills the
 // five arrays of 坐标状态 (拆分序号, 拆分值1..4) by field place: with 带序号
 // place 1 is the name and places 2..5 the values, without it places 1..4
-// are the values. Returns the cleaned text, or that text, CR LF and
+// are the values. Lines may end in CR LF, LF or CR. Returns the cleaned
+// text (blank in front, CR LF line ends), or that text up to the fault, CR LF and
 // "原始坐标数据有误，无法完成数据转换，请检查[序号]和[数据]。" when a field
 // lies past the last place or a value is no number. A trimmed text of fewer
 // than 2 characters is returned as it is, arrays untouched.

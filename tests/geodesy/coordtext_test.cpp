@@ -174,6 +174,7 @@ TEST(序号坐标拆分, 字段与过滤) {
     EXPECT_EQ(st.拆分值4.个数, 1);
     EXPECT_EQ(st.拆分值3.个数, 1);
     EXPECT_FALSE(r.contains("原始坐标数据有误"));
+    EXPECT_EQ(r, QString::fromUtf8(" A1,100.5,200.25\r\nB2,1,2,3,4\r\nC,-5.5,6 \r\n"));
     // Without the serial flag the first field is a value.
     r = 序号坐标拆分("1,2,3,4\r\n5,6", false);
     EXPECT_EQ(st.拆分值1.元素.value(1), QString("1"));
