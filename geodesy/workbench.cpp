@@ -120,3 +120,76 @@ QString 坐标系名称(const QString& 椭球键) {
     结果.已转换 = true;
     return 结果;
 }
+
+namespace {
+
+QString 带名(int w) {
+    switch (w) {
+    case 1: return QStringLiteral("1.5度带");
+    case 3: return QStringLiteral("三度带");
+    case 6: return QStringLiteral("六度带");
+    default: return QStringLiteral("经纬度");
+    }
+}
+
+}  // namespace
+
+坐标转换结果 定带坐标转换(const QString& 左文本, int 从, int 到, const 坐标转换设置& 设置,
+                        const QString& 旧右文本) {
+    坐标转换结果 结果;
+    结果.左文本 = 左文本;
+    结果.右文本 = 旧右文本;
+    auto 有效 = [](int w) { return w == 0 || w == 1 || w == 3 || w == 6; };
+    if (!有效(从) || !有效(到) || 从 == 到) return 结果;
+
+    设置椭球(设置.椭球键);
+    const bool east = 坐标状态.EllipsoidRecord.EastCount;
+    QString 分隔 = txt::trim(设置.分隔符);
+    if (分隔 == QStringLiteral("TAB") || 设置.分隔符 == QStringLiteral("\t")) 分隔 = QStringLiteral("\t");
+    公共.列表分隔符 = 分隔;
+
+    // The source zone number: the zone text of the parser, and the head.
+    const QString 源带号 = 从 == 0 ? QString()
+                                   : 中央子午线转带号(设置.左中央子午线, static_cast<ZoneWidthCode>(从), east);
+    QString 带号文本 = 源带号 == QStringLiteral("==") ? QString() : 源带号;
+    int 个数 = 设置.点数上限;
+    CoordinateRow 组;
+    QString 左顺序 = 设置.左顺序;
+    const QString 整理 = 坐标文本解析(左文本, 个数, 组, 从 == 0, 左顺序, 带号文本);
+    QString 右顺序 = txt::trim(设置.右顺序).toUpper();
+    if (右顺序 != QStringLiteral("XYH")) 右顺序 = QStringLiteral("YXH");
+    结果.左文本 = QStringLiteral("┈┈ ") + 带名(从) + QStringLiteral(" ") + (从 == 0 ? QString() : 源带号) +
+                 QStringLiteral("\r\n") + 整理;
+    if (个数 < 1) {
+        结果.右文本.clear();
+        return 结果;
+    }
+    const int 最宽 = 最宽序号宽度(组, 个数);
+    const QString& 键 = 设置.椭球键;
+    QString 行文本;
+    for (int i = 1; i <= 个数; ++i) {
+        double X = 组.X组[static_cast<size_t>(i)], Y = 组.Y组[static_cast<size_t>(i)];
+        QString 附注;
+        if (从 == 1) 附注 = 一点五度带转经纬度(X, Y, 键);
+        else if (从 == 3) 附注 = 三度带转经纬度(X, Y, 键);
+        else if (从 == 6) 附注 = 六度带转经纬度(X, Y, 键);
+        // A failed inverse leaves 0, 0 and its note; the forward step is
+        // not run on those zeros.
+        if (!附注.startsWith(QStringLiteral("错误"))) {
+            if (到 == 1) 附注 += 经纬度转一点五度带(X, Y, 设置.右中央子午线, 键);
+            else if (到 == 3) 附注 += 经纬度转三度带(X, Y, 设置.右中央子午线, 键);
+            else if (到 == 6) 附注 += 经纬度转六度带(X, Y, 设置.右中央子午线, 键);
+        }
+        const QString X文本 = 到 == 0 ? 角度转文本(X) : 格式北坐标(X);
+        const QString Y文本 = 到 == 0 ? 角度转文本(Y) : 格式东坐标(Y);
+        const double h = 组.高程组[static_cast<size_t>(i)];
+        行文本 += 结果行(组.序号组[i], 最宽, 设置.带序号, 右顺序, X文本, Y文本, h != 0 ? 格式高程(h) : QString(), 附注);
+    }
+    const QString 头 = 到 == 0 ? QStringLiteral(" 经纬度 …… ") + 设置.坐标系名称 + QStringLiteral("\r\n")
+                               : QStringLiteral("*** ") + 带名(到) + QStringLiteral(" ") + 设置.坐标系名称 +
+                                     QStringLiteral("\r\n");
+    结果.右文本 = 头 + 行文本 + QStringLiteral("\r\n") + 旧右文本;
+    结果.点数 = 个数;
+    结果.已转换 = true;
+    return 结果;
+}

@@ -41,3 +41,15 @@ QString 坐标系名称(const QString& 椭球键);
 // degrees apart through 交互().告知 ("出错了！"). A failing point shows zeros
 // and its note; the run never stops on a bad row. Never throws.
 坐标转换结果 同系坐标转换(const QString& 左文本, const 坐标转换设置& 设置, const QString& 旧右文本);
+
+// The fixed-zone batch conversions between named zones of one system, kept
+// beside the live runs (no control of the workbench calls them). 从 and 到
+// are a ZoneWidthCode 1, 3, 6, or 0 for latitude/longitude (packed). Grid
+// input gets the zone number of 设置.左中央子午线 in front of a Y typed
+// without one; the chain is the fixed-zone inverse of 从 and the forward of
+// 到 on 设置.右中央子午线, so a grid result carries its zone number. Heads:
+// left "┈┈ 三度带 " + source zone number (or "┈┈ 经纬度 "), right
+// "*** 三度带 " (" 经纬度 …… " for latitude/longitude) + the system. 从 ==
+// 到, or a code other than 0, 1, 3, 6: nothing runs (已转换 false).
+坐标转换结果 定带坐标转换(const QString& 左文本, int 从, int 到, const 坐标转换设置& 设置,
+                        const QString& 旧右文本);

@@ -1,6 +1,7 @@
 // The workbench run within one system: heads, rows, notes, refusals, and
 // the right box piling up.
 #include "geodesy/projection.h"
+#include "geodesy/coordtext.h"
 #include "geodesy/workbench.h"
 
 #include "numeric/circular.h"
@@ -8,6 +9,8 @@
 #include "shell/state.h"
 
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 namespace {
 
@@ -124,4 +127,29 @@ TEST(同系坐标转换, 分隔符系统与上限) {
         {"WGSS", "WGS84 -S"}, {"UTMN", "UTM-WGS -N"}, {" UTMS", "UTM-WGS -S"}, {"X", ""},
     };
     for (const auto& n : 名表) EXPECT_EQ(坐标系名称(n.键), QString::fromUtf8(n.名)) << n.键;
+}
+
+TEST(定带坐标转换, 链与带号) {
+    交互记录作用域 记录;
+    // Latitude/longitude to 3-degree: the worked point with its zone number.
+    auto r = 定带坐标转换(QString::fromUtf8("A, 116.24, 39.54\r\n"), 0, 3, 设置(0), QString());
+    ASSERT_TRUE(r.已转换);
+    EXPECT_EQ(r.右文本, QString::fromUtf8("*** 三度带 北京54\r\nA , 39448687.997 , 4418676.150\r\n\r\n"));
+    // 3-degree (Y typed without its zone: 117 gives 39) to latitude/longitude.
+    r = 定带坐标转换(QString::fromUtf8("A, 448687.997, 4418676.150\r\n"), 3, 0, 设置(1), QString());
+    EXPECT_TRUE(r.左文本.startsWith(QString::fromUtf8("┈┈ 三度带 39\r\n")));
+    EXPECT_EQ(r.右文本.split("\r\n")[1], QString::fromUtf8("A , 116°24′00″ , 39°54′00″"));
+    // 3-degree to 6-degree equals the direct 6-degree conversion.
+    r = 定带坐标转换(QString::fromUtf8("A, 39448687.997, 4418676.150\r\n"), 3, 6, 设置(2), QString());
+    double B = 39.54, L = 116.24;
+    经纬度转六度带(B, L, 117, "BJ");
+    EXPECT_EQ(r.右文本.split("\r\n")[1], "A , " + 格式东坐标(L) + " , " + 格式北坐标(B));
+    EXPECT_EQ(std::trunc(L / 1000000), 20);
+    // A failing inverse shows zeros and its own note only.
+    r = 定带坐标转换(QString::fromUtf8("A, -5, 4418676.150\r\n"), 6, 3, 设置(2), QString());  // no zone put in front
+    EXPECT_EQ(r.右文本.split("\r\n")[1],
+              QString::fromUtf8("A , 00000000.000 , 0000000.000错误?原始六度带坐标 Y<01001000 超出常规范围!"));
+    // Nothing to do between equal or unknown widths.
+    EXPECT_FALSE(定带坐标转换("A, 1, 2", 3, 3, 设置(2), QString()).已转换);
+    EXPECT_FALSE(定带坐标转换("A, 1, 2", 2, 3, 设置(2), QString()).已转换);
 }
