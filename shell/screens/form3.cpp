@@ -2,6 +2,7 @@
 
 #include "shell/calculator.h"
 #include "shell/screens/common.h"
+#include "shell/startup.h"
 #include "shell/state.h"
 
 #include <QGridLayout>
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 Form3::Form3(QWidget* parent) : QDialog(parent) {
@@ -57,6 +59,8 @@ Form3::Form3(QWidget* parent) : QDialog(parent) {
     connect(按钮("Command3", "应  用"), &QPushButton::clicked, this, [this] { 应用(); });
     connect(按钮("Command4", "关  闭"), &QPushButton::clicked, this, [this] { hide(); });
     外->addLayout(行);
+    auto* f1 = new QShortcut(QKeySequence::HelpContents, this);
+    connect(f1, &QShortcut::activated, this, [] { 打开帮助(); });
     刷新();
 }
 

@@ -24,6 +24,8 @@ struct 应用环境 : ::testing::Environment {
     void SetUp() override {
         if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
     }
+    // Gone before exit: Qt's own statics are torn down after gtest's.
+    void TearDown() override { app.reset(); }
 };
 [[maybe_unused]] auto* const 环境 = ::testing::AddGlobalTestEnvironment(new 应用环境);
 
