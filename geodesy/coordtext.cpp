@@ -33,19 +33,19 @@ QString 补宽(const QString& s, int 宽) {
 
 // Line ends to CR: CR LF and a lone LF both end a line.
 QString 行尾归一(const QString& s) {
-    QString r;
-    r.reserve(s.size());
+    if (!s.contains(u'\n')) return s;
+    QString r(s.size(), Qt::Uninitialized);
+    const QChar* p = s.constData();
+    QChar* q = r.data();
+    qsizetype n = 0;
     for (qsizetype i = 0; i < s.size(); ++i) {
-        const QChar c = s[i];
-        if (c == u'\r') {
-            r += QChar(CR);
-            if (i + 1 < s.size() && s[i + 1] == u'\n') ++i;
-        } else if (c == u'\n') {
-            r += QChar(CR);
+        if (p[i] == u'\n') {
+            if (i == 0 || p[i - 1] != u'\r') q[n++] = QChar(CR);  // the LF of CR LF goes
         } else {
-            r += c;
+            q[n++] = p[i];
         }
     }
+    r.truncate(n);
     return r;
 }
 
