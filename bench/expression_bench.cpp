@@ -53,6 +53,35 @@ void BM_示例(benchmark::State& state) {
 }
 BENCHMARK(BM_示例)->DenseRange(1, 18)->Unit(benchmark::kMicrosecond);
 
+// The two halves apart: normalisation alone, and the evaluator alone on the
+// normalised text.
+void BM_规整(benchmark::State& state) {
+    安装交互(&静默);
+    const QString 算式 = 示例算式(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        清除计算状态();
+        benchmark::DoNotOptimize(表达式规整(算式字符规整(算式)));
+    }
+    清除计算状态();
+}
+BENCHMARK(BM_规整)->DenseRange(1, 18)->Unit(benchmark::kMicrosecond);
+
+void BM_求值(benchmark::State& state) {
+    安装交互(&静默);
+    const int n = static_cast<int>(state.range(0));
+    计算器初始化();
+    公共.角度单位 = 示例单位(n);
+    清除计算状态();
+    const QString 规整 = 表达式规整(算式字符规整(示例算式(n)));
+    for (auto _ : state) {
+        清除计算状态();
+        benchmark::DoNotOptimize(表达式计算(规整));
+    }
+    if (公共.错误数 > 0) state.SkipWithError("the sample failed");
+    清除计算状态();
+}
+BENCHMARK(BM_求值)->DenseRange(1, 18)->Unit(benchmark::kMicrosecond);
+
 // Random texts as the robustness test draws them (pieces of what users
 // type); each iteration runs every case once and reports the slowest.
 std::vector<QString> 随机文本(int 个数) {
