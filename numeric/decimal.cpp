@@ -15,6 +15,19 @@
 #include <cstring>
 #include <limits>
 
+// Construction without the range clamp of fromParts: every scale made in
+// this file is already within 0..28.
+struct Decimal96Access {
+    static Decimal96 make(std::uint64_t lo64, std::uint32_t hi, bool neg, int scale) {
+        Decimal96 d;
+        d.lo64_ = lo64;
+        d.hi_ = hi;
+        d.neg_ = neg;
+        d.scale_ = static_cast<std::uint8_t>(scale);
+        return d;
+    }
+};
+
 namespace {
 
 using u64 = std::uint64_t;
@@ -325,7 +338,7 @@ using Status = Decimal96::Status;
 inline u128 mant(const Decimal96& d) { return (u128(d.hi()) << 64) | d.lo64(); }
 
 inline Decimal96 make(u128 m, bool neg, int scale) {
-    return Decimal96::fromParts64(static_cast<u64>(m), static_cast<std::uint32_t>(m >> 64), neg, scale);
+    return Decimal96Access::make(static_cast<u64>(m), static_cast<std::uint32_t>(m >> 64), neg, scale);
 }
 
 // Bring (v, scale) to a mantissa below 2^96 and a scale of at most 28,
@@ -404,17 +417,19 @@ __attribute__((always_inline)) inline Status addCore(const Decimal96& a, bool ne
         return Status::Ok;
     }
     // Align to the larger scale; the smaller-scale operand is multiplied.
-    int scale = std::max(sa, sb);
     bool aScaled = sa < sb;
+    int scale = aScaled ? sb : sa;
+    int diff = aScaled ? sb - sa : sa - sb;
     u128 small = aScaled ? ma : mb;
     u128 other = aScaled ? mb : ma;
-    int diff = scale - std::min(sa, sb);
     bool negX = aScaled ? negA : negB;
     bool negY = aScaled ? negB : negA;
     if (small <= kAlignLimit[diff]) {
         // Everything fits 128 bits: small * 10^diff < 2^127, other < 2^96,
         // and their sum < 2^128.
-        u128 x = small * kPow10[diff];
+        u128 x = (small >> 64) == 0 && diff <= 19
+                     ? u128(static_cast<u64>(small)) * static_cast<u64>(kPow10[diff])
+                     : small * kPow10[diff];
         u128 r;
         bool neg;
         if (negX == negY) {

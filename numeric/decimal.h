@@ -29,12 +29,13 @@ public:
 
     constexpr Decimal96() = default;   // +0, scale 0
 
-    // Raw construction; scale must be 0..28 (clamped otherwise is a bug).
+    // Raw construction; scale is clamped into 0..28 (anything else is a
+    // caller's bug, but must not reach the tables indexed by scale).
     static constexpr Decimal96 fromParts(std::uint32_t lo, std::uint32_t mid, std::uint32_t hi,
                                          bool negative, int scale) {
         Decimal96 d;
         d.lo64_ = (std::uint64_t(mid) << 32) | lo; d.hi_ = hi; d.neg_ = negative;
-        d.scale_ = static_cast<std::uint8_t>(scale);
+        d.scale_ = static_cast<std::uint8_t>(scale < 0 ? 0 : scale > kMaxScale ? kMaxScale : scale);
         return d;
     }
     // The same from the low 64 and high 32 bits of the mantissa.
@@ -42,7 +43,7 @@ public:
                                            bool negative, int scale) {
         Decimal96 d;
         d.lo64_ = lo64; d.hi_ = hi; d.neg_ = negative;
-        d.scale_ = static_cast<std::uint8_t>(scale);
+        d.scale_ = static_cast<std::uint8_t>(scale < 0 ? 0 : scale > kMaxScale ? kMaxScale : scale);
         return d;
     }
     // Exact, scale 0; never fails (every int64 fits 96 bits).
@@ -123,6 +124,7 @@ public:
     friend bool operator<(const Decimal96& a, const Decimal96& b) { return compare(a, b) < 0; }
 
 private:
+    friend struct Decimal96Access;   // unchecked construction inside decimal.cpp
     std::uint64_t lo64_ = 0;   // mantissa bits 0..63
     std::uint32_t hi_ = 0;     // mantissa bits 64..95
     bool neg_ = false;

@@ -115,7 +115,9 @@ TEST(DecimalText, ReadsAndRounds) {
         Decimal96 d;
         S s = Decimal96::fromText(QString::fromUtf8(c.in), d);
         EXPECT_EQ(outcome(s, d), c.want) << "input \"" << c.in << "\"";
-        if (s == S::Ok && c.scale >= 0) EXPECT_EQ(d.scale(), c.scale) << "input \"" << c.in << "\"";
+        if (s == S::Ok && c.scale >= 0) {
+            EXPECT_EQ(d.scale(), c.scale) << "input \"" << c.in << "\"";
+        }
     }
 }
 
@@ -286,7 +288,9 @@ TEST(DecimalArithmetic, FixedCases) {
         Decimal96 r;
         S s = apply(c.op, dec(c.a), dec(c.b), r);
         EXPECT_EQ(outcome(s, r), c.want) << c.a << ' ' << c.op << ' ' << c.b;
-        if (s == S::Ok && c.scale >= 0) EXPECT_EQ(r.scale(), c.scale) << c.a << ' ' << c.op << ' ' << c.b;
+        if (s == S::Ok && c.scale >= 0) {
+            EXPECT_EQ(r.scale(), c.scale) << c.a << ' ' << c.op << ' ' << c.b;
+        }
     }
 }
 
@@ -383,6 +387,9 @@ TEST(DecimalRounding, Helpers) {
         EXPECT_EQ(dec(c.in).toInt64(v), c.ok) << c.in;
         EXPECT_EQ(v, c.ok ? c.want : 7) << c.in;
     }
+    // A scale out of range is clamped, never used as a table index.
+    EXPECT_EQ(Decimal96::fromParts64(5, 0, false, 40).scale(), 28);
+    EXPECT_EQ(Decimal96::fromParts(5, 0, 0, false, -3).scale(), 0);
     for (std::int64_t v : {std::int64_t(0), std::int64_t(-1), INT64_MIN, INT64_MAX}) {
         std::int64_t back = 0;
         ASSERT_TRUE(Decimal96::fromInt64(v).toInt64(back));
@@ -487,7 +494,9 @@ TEST(DecimalDouble, TextToDouble) {
     for (const auto& c : cases) {
         double v = -99;
         EXPECT_EQ(文本转双精度(QString::fromUtf8(c.in), v), c.ok) << c.in;
-        if (c.ok) EXPECT_EQ(v, c.want) << c.in;
+        if (c.ok) {
+            EXPECT_EQ(v, c.want) << c.in;
+        }
     }
     // Round trip of the text form of many doubles: 15 digits read back
     // within half a unit of the 15th digit.
