@@ -36,6 +36,12 @@ static_assert(面板分组按钮总数() == 面板按钮数);
 
 const QString 未提供 = QStringLiteral("此功能模块尚未提供。");
 
+// The result line: dark blue for a value, dark red for a failure text.
+QString 结果样式(bool 成功) {
+    return 成功 ? QStringLiteral("QLineEdit { background: #f6f8fb; color: #0b2e59; padding: 4px; }")
+                : QStringLiteral("QLineEdit { background: #fdf3f2; color: #9b1c14; padding: 4px; }");
+}
+
 QString 小数位项(int i) {
     if (i < 10) return QStringLiteral("%1 位小数").arg(i);
     if (i < 28) return QStringLiteral("%1位小数").arg(i);
@@ -78,7 +84,7 @@ Form1::Form1(QWidget* parent) : QDialog(parent), 存储_(std::make_unique<算式
     text2_->setToolTip(计算器文本::提示Text2);
     text2_->setReadOnly(true);
     text2_->setFont(等宽字体(18));
-    text2_->setStyleSheet(QStringLiteral("QLineEdit { background: #f6f8fb; color: #0b2e59; padding: 4px; }"));
+    text2_->setStyleSheet(结果样式(true));
     表->addWidget(标签("结果"), 1, 0, Qt::AlignVCenter);
     表->addWidget(text2_, 1, 1);
 
@@ -231,12 +237,14 @@ bool Form1::eventFilter(QObject* o, QEvent* e) {
 }
 
 void Form1::计算() {
+    text2_->setStyleSheet(结果样式(true));
     text2_->setText(计算器文本::正在计算);
     text3_->setPlainText(计算器文本::核对提示);
     text2_->repaint();
     text3_->repaint();
     const 计算显示 d = 计算器计算(text1_->toPlainText());
     text1_->setPlainText(d.算式);
+    text2_->setStyleSheet(结果样式(d.成功));
     text2_->setText(d.结果);
     text2_->setCursorPosition(0);
     if (!d.状态.isEmpty()) text3_->setPlainText(d.状态);
@@ -262,6 +270,7 @@ void Form1::面板按下(int n) {
     QTextCursor nc = text1_->textCursor();
     nc.setPosition(std::clamp(r.光标, 0, static_cast<int>(r.文本.size())));
     text1_->setTextCursor(nc);
+    text2_->setStyleSheet(结果样式(true));
     text2_->clear();
     if (!帮助.isEmpty()) text3_->setPlainText(帮助);
     text1_->setFocus();
@@ -274,6 +283,7 @@ void Form1::切换角度单位() {
 }
 
 void Form1::显示存储(const 存储显示& d) {
+    text2_->setStyleSheet(结果样式(true));
     text1_->setPlainText(d.算式);
     text2_->setText(d.结果);
     text2_->setCursorPosition(0);
