@@ -80,25 +80,43 @@ QString 取字母串(const QString& s, int p) {
     return txt::mid(s, p, e - p);
 }
 
-QString 整理符号(const QString& s) {
+namespace {
+// These two run several times per operator; the replacements only matter
+// where two signs stand together, so a text without such a pair skips them
+// (the result is the same).
+bool 有相邻符号(const QString& t) {
+    for (qsizetype i = 0; i + 1 < t.size(); ++i)
+        if (是符号(t[i]) && 是符号(t[i + 1])) return true;
+    return false;
+}
+
+QString 去空白(const QString& s) {
     QString t = s;
-    t.remove(u' ');
-    t.remove(QChar(0x3000));
+    if (t.contains(u' ')) t.remove(u' ');
+    if (t.contains(QChar(0x3000))) t.remove(QChar(0x3000));
+    return t;
+}
+}  // namespace
+
+QString 整理符号(const QString& s) {
+    QString t = 去空白(s);
     if (t.isEmpty()) return QStringLiteral("0");
-    t.replace(QStringLiteral("++"), QStringLiteral("+"));
-    t.replace(QStringLiteral("-+"), QStringLiteral("-"));
+    if (有相邻符号(t)) {
+        t.replace(QStringLiteral("++"), QStringLiteral("+"));
+        t.replace(QStringLiteral("-+"), QStringLiteral("-"));
+    }
     return t.toUpper();
 }
 
 QString 合并正负号(const QString& s) {
-    QString t = s;
-    t.remove(u' ');
-    t.remove(QChar(0x3000));
+    QString t = 去空白(s);
     if (t.isEmpty()) return QStringLiteral("0");
-    t.replace(QStringLiteral("++"), QStringLiteral("+"));
-    t.replace(QStringLiteral("-+"), QStringLiteral("-"));
-    t.replace(QStringLiteral("--"), QStringLiteral("+"));
-    t.replace(QStringLiteral("+-"), QStringLiteral("-"));
+    if (有相邻符号(t)) {
+        t.replace(QStringLiteral("++"), QStringLiteral("+"));
+        t.replace(QStringLiteral("-+"), QStringLiteral("-"));
+        t.replace(QStringLiteral("--"), QStringLiteral("+"));
+        t.replace(QStringLiteral("+-"), QStringLiteral("-"));
+    }
     return t.toUpper();
 }
 
