@@ -369,7 +369,7 @@ Status fitResult(const U192& v, int scale, bool neg, bool sticky, Decimal96& out
 // 10 digits unless the scale is far above 28; anything else goes the
 // general way. `sticky` as for fitResult; a caller that sets it guarantees
 // that at least one digit is dropped (v >= 2^96).
-inline Status fit128(u128 v, int scale, bool neg, Decimal96& out, bool sticky = false) {
+__attribute__((noinline)) Status fit128(u128 v, int scale, bool neg, Decimal96& out, bool sticky = false) {
     int k = std::max(0, scale - Decimal96::kMaxScale);
     u64 top = static_cast<u64>(v >> 96);
     if (top) k = std::max(k, digitCount(top));
@@ -395,6 +395,25 @@ constexpr std::array<u128, 29> makeAlignLimits() {
 }
 constexpr std::array<u128, 29> kAlignLimit = makeAlignLimits();
 static_assert(kAlignLimit.size() == 29);
+
+// The aligned operand would pass 2^127: see below. Out of line, so that
+// the common path of addCore needs no saved registers.
+__attribute__((noinline)) Status addFar(u128 small, u128 other, int diff, int scale, bool same, bool negX,
+                                        Decimal96& out) {
+    // X = small * 10^diff >= 2^127 > 10^38 has dX = digits(small) + diff
+    // digits, far beyond Y = other (< 10^29), so X ± Y >= 0.9 * 10^(dX-1).
+    // Divide by 10^k0, k0 = dX - 31, before adding: X / 10^k0 is exact,
+    // Y / 10^k0 is cut with its remainder kept as a sticky bit, and the
+    // truncated result t >= 9 * 10^29 still has more digits than 96 bits
+    // hold, so the final rounding drops at least one more digit and sees
+    // every discarded one. t < 1.1 * 10^31 fits 128 bits.
+    int k0 = digitCount(small) + diff - 31;
+    u128 A = small * kPow10[diff - k0];
+    u128 yr;
+    u128 yq = divPow10(other, k0, yr);
+    u128 t = same ? A + yq : A - yq - (yr != 0 ? 1 : 0);
+    return fit128(t, scale - k0, negX, out, yr != 0);
+}
 
 // Magnitude addition/subtraction of two aligned operands.
 __attribute__((always_inline)) inline Status addCore(const Decimal96& a, bool negB, const Decimal96& b, Decimal96& out) {
@@ -448,19 +467,7 @@ __attribute__((always_inline)) inline Status addCore(const Decimal96& a, bool ne
         if (r <= kMaxMantissa) { out = make(r, neg, scale); return Status::Ok; }
         return fit128(r, scale, neg, out);
     }
-    // X = small * 10^diff >= 2^127 > 10^38 has dX = digits(small) + diff
-    // digits, far beyond Y = other (< 10^29), so X ± Y >= 0.9 * 10^(dX-1).
-    // Divide by 10^k0, k0 = dX - 31, before adding: X / 10^k0 is exact,
-    // Y / 10^k0 is cut with its remainder kept as a sticky bit, and the
-    // truncated result t >= 9 * 10^29 still has more digits than 96 bits
-    // hold, so the final rounding drops at least one more digit and sees
-    // every discarded one. t < 1.1 * 10^31 fits 128 bits.
-    int k0 = digitCount(small) + diff - 31;
-    u128 A = small * kPow10[diff - k0];
-    u128 yr;
-    u128 yq = divPow10(other, k0, yr);
-    u128 t = negX == negY ? A + yq : A - yq - (yr != 0 ? 1 : 0);
-    return fit128(t, scale - k0, negX, out, yr != 0);
+    return addFar(small, other, diff, scale, negX == negY, negX, out);
 }
 
 // Strip trailing zeros of q down to scale `floor`.
