@@ -13,7 +13,13 @@ using 状态 = Decimal96::Status;
 
 QString 修剪文本(const 数值& v) { return txt::trim(v.文本()); }
 
-bool 是空白(const 数值& v) { return v.是空() || 修剪文本(v).isEmpty(); }
+// A decimal or small integer always reads as digits, so only text (and the
+// rare double) needs the trimmed reading.
+bool 是空白(const 数值& v) {
+    if (v.是空()) return true;
+    if (v.是十进制() || v.是整数()) return false;
+    return 修剪文本(v).isEmpty();
+}
 
 // The value itself as a decimal. A blank operand is what Hvt数转数 made of
 // it (zero), since 转十进制 refuses a blank text.
@@ -123,8 +129,13 @@ bool 平方根(const Decimal96& A, Decimal96& out, bool& 迭代) {
         out = t;
         return true;
     }
-    Decimal96 起步差, B;
-    Decimal96::fromDouble(1E-14, 起步差);
+    // The start offset, 1E-14 taken by the 15-digit rule; converted once.
+    static const Decimal96 起步差 = [] {
+        Decimal96 d;
+        Decimal96::fromDouble(1E-14, d);
+        return d;
+    }();
+    Decimal96 B;
     if (Decimal96::add(t, 起步差, B) != 状态::Ok) return false;
 
     auto 牛顿 = [&A](const Decimal96& b, Decimal96& o) {
@@ -153,6 +164,49 @@ bool 平方根(const Decimal96& A, Decimal96& out, bool& 迭代) {
     out = B;
     迭代 = true;
     return true;
+}
+
+// The decimal square root of A with its range shift and the lowering of the
+// reachable digits (only when the root was iterated). False when A < 0 or
+// on a decimal fault; nothing is reported then.
+bool 十进制开平方(Decimal96 A, Decimal96& r) {
+    if (A < k零) return false;
+
+    // Below 1E-16 the iteration's own quantities (the 1E-14 start offset,
+    // the square of the step in Aitken's term) fall under the decimal's last
+    // place and stop it early. Such an A is shifted by an even power of ten
+    // to 0.1 .. 100 (exactly: only the scale changes), rooted there, and
+    // shifted back by half the power.
+    static constexpr Decimal96 k小界 = Decimal96::fromParts(1, 0, 0, false, 16);  // 1E-16
+    int 半移 = 0;
+    if (!A.isZero() && A < k小界) {
+        int 位数 = 0;
+        for (unsigned __int128 m = (static_cast<unsigned __int128>(A.hi()) << 64) |
+                                   (static_cast<unsigned __int128>(A.mid()) << 32) | A.lo();
+             m != 0; m /= 10)
+            ++位数;
+        int 移 = A.scale() - 位数 + 1;
+        if (移 % 2 != 0) 移 -= 1;
+        半移 = 移 / 2;
+        A = Decimal96::fromParts(A.lo(), A.mid(), A.hi(), false, A.scale() - 移);
+    }
+
+    bool 迭代 = false;
+    if (!平方根(A, r, 迭代)) return false;
+    if (半移 > 0) {
+        Decimal96 幂 = k一;
+        const Decimal96 k十 = Decimal96::fromParts(10, 0, 0, false, 0);
+        for (int i = 0; i < 半移; ++i) Decimal96::mul(幂, k十, 幂);
+        if (Decimal96::div(r, 幂, r) != 状态::Ok) return false;
+    }
+    if (迭代) 降为二十八位();
+    return true;
+}
+
+数值 开平方失败(const 数值& x) {
+    报告错误(QStringLiteral("  进行[开平方]运算时， ") + 修剪文本(x) +
+             QStringLiteral(" 数值超出计算范围！返回数值用 [1] 表示。"));
+    return 数值(QStringLiteral("1"));
 }
 
 enum class 结局 { 成, 转双精度, 失败 };
@@ -209,7 +263,15 @@ enum class 结局 { 成, 转双精度, 失败 };
             Decimal96 P = 底, Q = k一, 余 = F;
             for (int 轮 = 0; 轮 < 93; ++轮) {
                 if (Decimal96::mul(Q, k半, Q) != 状态::Ok) return false;
-                if (!转十进制(开平方(数值(P)), P)) return false;
+                // As 开平方(数值(P)) read back: a failed root reports and
+                // stands as 1, which ends the rounds.
+                Decimal96 根;
+                if (十进制开平方(P, 根)) {
+                    P = 根;
+                } else {
+                    开平方失败(数值(P));
+                    P = k一;
+                }
                 if (P == k一) break;
                 if (!(余 < Q)) {
                     if (Decimal96::sub(余, Q, 余) != 状态::Ok) return false;
@@ -250,12 +312,6 @@ enum class 结局 { 成, 转双精度, 失败 };
 数值 乘方失败(const 数值& x, const 数值& y) {
     报告错误(修剪文本(x) + QStringLiteral("^") + 修剪文本(y) +
              QStringLiteral(" 乘方计算超出本程序计算范围！返回 [1] 。"));
-    return 数值(QStringLiteral("1"));
-}
-
-数值 开平方失败(const 数值& x) {
-    报告错误(QStringLiteral("  进行[开平方]运算时， ") + 修剪文本(x) +
-             QStringLiteral(" 数值超出计算范围！返回数值用 [1] 表示。"));
     return 数值(QStringLiteral("1"));
 }
 
@@ -303,39 +359,8 @@ enum class 结局 { 成, 转双精度, 失败 };
         return 数值(std::sqrt(d));
     }
 
-    Decimal96 A;
-    if (!原值十进制(x, 数值(k零), A)) return 开平方失败(x);
-    if (A < k零) return 开平方失败(x);
-
-    // Below 1E-16 the iteration's own quantities (the 1E-14 start offset,
-    // the square of the step in Aitken's term) fall under the decimal's last
-    // place and stop it early. Such an A is shifted by an even power of ten
-    // to 0.1 .. 100 (exactly: only the scale changes), rooted there, and
-    // shifted back by half the power.
-    static constexpr Decimal96 k小界 = Decimal96::fromParts(1, 0, 0, false, 16);  // 1E-16
-    int 半移 = 0;
-    if (!A.isZero() && A < k小界) {
-        int 位数 = 0;
-        for (unsigned __int128 m = (static_cast<unsigned __int128>(A.hi()) << 64) |
-                                   (static_cast<unsigned __int128>(A.mid()) << 32) | A.lo();
-             m != 0; m /= 10)
-            ++位数;
-        int 移 = A.scale() - 位数 + 1;
-        if (移 % 2 != 0) 移 -= 1;
-        半移 = 移 / 2;
-        A = Decimal96::fromParts(A.lo(), A.mid(), A.hi(), false, A.scale() - 移);
-    }
-
-    Decimal96 r;
-    bool 迭代 = false;
-    if (!平方根(A, r, 迭代)) return 开平方失败(x);
-    if (半移 > 0) {
-        Decimal96 幂 = k一;
-        const Decimal96 k十 = Decimal96::fromParts(10, 0, 0, false, 0);
-        for (int i = 0; i < 半移; ++i) Decimal96::mul(幂, k十, 幂);
-        if (Decimal96::div(r, 幂, r) != 状态::Ok) return 开平方失败(x);
-    }
-    if (迭代) 降为二十八位();
+    Decimal96 A, r;
+    if (!原值十进制(x, 数值(k零), A) || !十进制开平方(A, r)) return 开平方失败(x);
     return 数值(r);
 }
 
