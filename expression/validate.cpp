@@ -19,15 +19,74 @@ struct 替换项 {
     std::u16string_view 新;
 };
 
-inline QString 视图文本(std::u16string_view v) {
-    return QString(reinterpret_cast<const QChar*>(v.data()), static_cast<qsizetype>(v.size()));
-}
-
 template <std::size_t N>
 void 依表替换(QString& t, const 替换项 (&表)[N]) {
     for (const auto& e : 表) {
-        const QString 原 = 视图文本(e.原);
-        if (t.contains(原)) t.replace(原, 视图文本(e.新), Qt::CaseSensitive);
+        const QStringView 原(e.原.data(), static_cast<qsizetype>(e.原.size()));
+        if (t.contains(原))
+            t.replace(reinterpret_cast<const QChar*>(e.原.data()), static_cast<qsizetype>(e.原.size()),
+                      reinterpret_cast<const QChar*>(e.新.data()), static_cast<qsizetype>(e.新.size()),
+                      Qt::CaseSensitive);
+    }
+}
+
+// ---- Two-character operator pairs --------------------------------------------
+// Every pattern of the operator tables below is two characters of 运算字符.
+// Which of the 12×12 pairs stand somewhere in a text is found in one pass, so
+// a table of such pairs is applied by looking each pattern up instead of
+// scanning the text once per pattern; the pairs are found anew after every
+// replacement, since it changes its neighbours.
+constexpr int 运算字符数 = 12;
+
+constexpr int 运算序号(char16_t c) {
+    switch (c) {
+    case u'.': return 0;
+    case u'^': return 1;
+    case u'*': return 2;
+    case u'/': return 3;
+    case u'\\': return 4;
+    case u'%': return 5;
+    case u'!': return 6;
+    case u'+': return 7;
+    case u'-': return 8;
+    case u'‰': return 9;
+    case u'(': return 10;
+    case u')': return 11;
+    default: return -1;
+    }
+}
+
+struct 运算对集 {
+    bool 有[运算字符数][运算字符数] = {};
+
+    explicit 运算对集(const QString& t) {
+        const char16_t* p = reinterpret_cast<const char16_t*>(t.utf16());
+        const qsizetype n = t.size();
+        int 前 = n > 0 ? 运算序号(p[0]) : -1;
+        for (qsizetype i = 1; i < n; ++i) {
+            const int 后 = 运算序号(p[i]);
+            if (前 >= 0 && 后 >= 0) 有[前][后] = true;
+            前 = 后;
+        }
+    }
+};
+
+template <std::size_t N>
+constexpr bool 全是运算对(const 替换项 (&表)[N]) {
+    for (const auto& e : 表)
+        if (e.原.size() != 2 || 运算序号(e.原[0]) < 0 || 运算序号(e.原[1]) < 0) return false;
+    return true;
+}
+
+template <std::size_t N>
+void 依运算对表替换(QString& t, const 替换项 (&表)[N]) {
+    运算对集 对(t);
+    for (const auto& e : 表) {
+        if (!对.有[运算序号(e.原[0])][运算序号(e.原[1])]) continue;
+        t.replace(reinterpret_cast<const QChar*>(e.原.data()), 2,
+                  reinterpret_cast<const QChar*>(e.新.data()), static_cast<qsizetype>(e.新.size()),
+                  Qt::CaseSensitive);
+        对 = 运算对集(t);
     }
 }
 
@@ -50,6 +109,7 @@ constexpr 替换项 重复符号表[] = {
     {u"++", u"+"}, {u"--", u"+"}, {u"+-", u"-"}, {u"-+", u"-"}, {u"‰‰", u"‰"},
 };
 static_assert(std::size(重复符号表) == 12);
+static_assert(全是运算对(重复符号表));
 
 // Then, in order: operators behind "(" ("(-" stays, it is a sign); operators
 // ahead of ")"; "()"; a binary operator or point ahead of a postfix one (the
@@ -80,6 +140,7 @@ constexpr 替换项 运算符修复表[] = {
     {u"+-", u"-"}, {u"--", u"+"},
 };
 static_assert(std::size(运算符修复表) == 69);
+static_assert(全是运算对(运算符修复表));
 
 // ---------------------------------------------------------------------------
 // 检查运算符相邻's neighbour classes.
@@ -204,9 +265,9 @@ static_assert(std::size(收尾表) == 5);
 QString 修复相邻运算符(const QString& 文本) {
     QString t = 去空格(文本);
     if (t.isEmpty() || t == 算式错误) return 零;
-    依表替换(t, 重复符号表);
-    依表替换(t, 重复符号表);
-    依表替换(t, 运算符修复表);
+    依运算对表替换(t, 重复符号表);
+    依运算对表替换(t, 重复符号表);
+    依运算对表替换(t, 运算符修复表);
     return t;
 }
 
