@@ -6,6 +6,7 @@
 #include "shell/state.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace guarded_detail {
@@ -53,6 +54,43 @@ int E位置(const QString& s) {
 // little short of the decimal's true maximum (7.9228162514264337593543950335E+28)
 // and the bottom is the decimal's smallest step, 1E-28: beyond them the
 // digits of a decimal would not be worth more than the double's.
+// 有效位数(r.toText()) without building the text: the text shows the
+// mantissa's digits less the fraction's trailing zeros.
+static int 十进制文本有效位数(const Decimal96& r) {
+    unsigned __int128 m = (static_cast<unsigned __int128>(r.hi()) << 64) |
+                          (static_cast<unsigned __int128>(r.mid()) << 32) | r.lo();
+    int sc = r.scale();
+    while (sc > 0 && m != 0 && m % 10 == 0) {
+        m /= 10;
+        --sc;
+    }
+    int n = 0;
+    for (unsigned __int128 p = 1; p <= m && n < 39; p *= 10) ++n;
+    return n;
+}
+
+// 有效位数(双精度文本(d)) for a finite d without building the text: the
+// text holds d's 15 significant digits less trailing zeros, padded with
+// zeros up to the point when it is an integer written without exponent.
+static int 双精度文本有效位数(double d) {
+    if (d == 0) return 0;
+    char buf[40];
+    const auto res = std::to_chars(buf, buf + sizeof buf, std::fabs(d), std::chars_format::scientific, 14);
+    const char* e = std::find(buf, res.ptr, 'e');
+    int exp10 = 0;
+    std::from_chars(e + (e[1] == '+' ? 2 : 1), res.ptr, exp10);
+    int n = 0, 末非零 = 0;
+    for (const char* c = buf; c < e; ++c) {
+        if (*c == '.') continue;
+        ++n;
+        if (*c != '0') 末非零 = n;
+    }
+    n = std::max(1, 末非零);
+    const int places = n - 1 - exp10;
+    if (exp10 >= 0 && exp10 < 15 && places <= 15) return std::max(n, exp10 + 1);
+    return n;
+}
+
 constexpr double k十进制上界 = 7.92281625142642E+28;
 constexpr double k十进制下界 = 1E-28;
 
@@ -71,7 +109,14 @@ constexpr double k十进制下界 = 1E-28;
     const bool 界内 = d == 0.0 || (d > -k十进制上界 && d <= -k十进制下界) ||
                       (d >= k十进制下界 && d < k十进制上界);
     Decimal96 r;
-    if (界内 && 转十进制(v, r) && 有效位数(双精度文本(d)) <= 有效位数(r.toText())) {
+    if (!界内 || !转十进制(v, r)) {
+        out = 数值(d);
+        return 转换结果::落双精度;
+    }
+    // 有效位数(双精度文本(d)) is at most 15, so a decimal of 15 digits or
+    // more never needs the double's text.
+    const int 十进制位数 = 十进制文本有效位数(r);
+    if (十进制位数 >= 15 || 双精度文本有效位数(d) <= 十进制位数) {
         out = 数值(r);
         return 转换结果::十进制;
     }
