@@ -8,7 +8,6 @@
 
 #include <ostream>
 
-static void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
 
 namespace {
 

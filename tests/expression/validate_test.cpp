@@ -13,7 +13,6 @@
 #include <ostream>
 #include <random>
 
-static void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
 
 namespace {
 

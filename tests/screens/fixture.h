@@ -20,7 +20,6 @@
 #include <ostream>
 
 // Readable failures: gtest prints a QString as text, not as code units.
-inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
 
 inline const QString 种子目录 = QStringLiteral(ORVANE_SOURCE_DIR "/data/");
 
