@@ -39,6 +39,24 @@ const QString k函数尾 = QStringLiteral(" 数值超出计算范围，我无法
 // by the 15-digit rule; it has lost its digits by then anyway).
 bool 周内角(const 数值& x, Decimal96& m) {
     const 数值 a = Hvt数转数(x);
+    // Within one turn the guarded remainder comes out as a - 0·2π: the
+    // quotient is a decimal in (0, 1) (a ≥ 1E-20 keeps it clear of the
+    // underflow test), its integer part "0", and every reading of a decimal
+    // this size gives the decimal itself, untouched counters included. The
+    // same two decimal steps are taken here directly; 0·2π is the guarded
+    // product itself, formed once.
+    static constexpr Decimal96 k直取下限 = Decimal96::fromParts(1, 0, 0, false, 20);  // 1E-20
+    if (公共.高精度开关 && a.是十进制()) {
+        const Decimal96& v = a.十进制值();
+        if (!(v < k直取下限) && v < 二π()) {
+            static const Decimal96 零积 = [] {
+                Decimal96 z;
+                转十进制(求两数积(数值(QStringLiteral("0")), 数值(二π())), z);
+                return z;
+            }();
+            if (Decimal96::sub(v, 零积, m) == 状态::Ok) return true;
+        }
+    }
     return 转十进制(求两数余(a, 数值(二π())), m);
 }
 
