@@ -10,7 +10,7 @@
 #include "shell/interaction.h"
 #include "shell/state.h"
 
-#include "functions_test_support.h"
+#include "numeric_test_support.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@
 
 namespace {
 
-using namespace 函数测试;
+using namespace 数值测试;
 
 const char* const kπ除二 = "1.5707963267948966192313216916";
 const char* const kπ = "3.1415926535897932384626433833";

@@ -4,6 +4,7 @@
 #include "numeric/guarded.h"
 #include "numeric/value.h"
 #include "shell/state.h"
+#include "numeric_test_support.h"
 
 #include <gtest/gtest.h>
 
@@ -13,34 +14,9 @@
 
 namespace {
 
-std::string S(const QString& s) { return s.toStdString(); }
+using namespace 数值测试;
 
-// "D:0.3" for a decimal, "F:1E+40" for a double, "T:1" for text, "I:5" for
-// a small integer, "E:" for the empty value.
-std::string 述(const 数值& v) {
-    switch (v.kind()) {
-    case 数值::类型::空: return "E:";
-    case 数值::类型::文本: return "T:" + S(v.文本值());
-    case 数值::类型::十进制: return "D:" + S(v.文本());
-    case 数值::类型::双精度: return "F:" + S(v.文本());
-    case 数值::类型::整数: return "I:" + S(v.文本());
-    }
-    return "?";
-}
-
-数值 T(const char* s) { return 数值(QString::fromUtf8(s)); }
-
-class 守护 : public ::testing::Test {
-protected:
-    void SetUp() override {
-        清除计算状态();
-        公共.高精度开关 = true;
-    }
-    void TearDown() override {
-        清除计算状态();
-        公共.高精度开关 = true;
-    }
-};
+class 守护 : public 状态复位 {};
 
 // ---- Hvt数转数 --------------------------------------------------------------
 

@@ -1,13 +1,14 @@
-// Helpers shared by the tests of powers, circular functions and statistics.
+// Helpers shared by the tests of the numeric folder.
 #pragma once
 
 #include "numeric/value.h"
+#include "shell/state.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-namespace 函数测试 {
+namespace 数值测试 {
 
 inline std::string S(const QString& s) { return s.toStdString(); }
 
@@ -26,6 +27,19 @@ inline std::string 述(const 数值& v) {
 
 inline 数值 T(const char* s) { return 数值(QString::fromUtf8(s)); }
 
+// A test that starts and ends with a clean collector and the switch on.
+class 状态复位 : public ::testing::Test {
+protected:
+    void SetUp() override {
+        清除计算状态();
+        公共.高精度开关 = true;
+    }
+    void TearDown() override {
+        清除计算状态();
+        公共.高精度开关 = true;
+    }
+};
+
 // v is a decimal within 容差 of 真值 (a reference of up to 40 digits,
 // read to the decimal's 28 places), the difference taken in decimal.
 inline ::testing::AssertionResult 接近(const 数值& v, const char* 真值, double 容差) {
@@ -40,4 +54,4 @@ inline ::testing::AssertionResult 接近(const 数值& v, const char* 真值, do
     return ::testing::AssertionSuccess();
 }
 
-}  // namespace 函数测试
+}  // namespace 数值测试

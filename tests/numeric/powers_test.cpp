@@ -7,7 +7,7 @@
 #include "numeric/value.h"
 #include "shell/state.h"
 
-#include "functions_test_support.h"
+#include "numeric_test_support.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@
 
 namespace {
 
-using namespace 函数测试;
+using namespace 数值测试;
 
 class 乘方开方 : public ::testing::Test {
 protected:

@@ -7,7 +7,7 @@
 #include "numeric/value.h"
 #include "shell/state.h"
 
-#include "functions_test_support.h"
+#include "numeric_test_support.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@
 
 namespace {
 
-using namespace 函数测试;
+using namespace 数值测试;
 
 QList<数值> 列(std::initializer_list<const char*> xs) {
     QList<数值> r;
