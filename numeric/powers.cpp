@@ -31,6 +31,10 @@ bool 原值双精度(const 数值& v, double& out) {
     return 转双精度(v, out);
 }
 
+// HvtE位置(v) >= 1 without building a decimal's text: a decimal's text
+// never has an exponent.
+bool 有E(const 数值& v) { return !v.是十进制() && HvtE位置(v) >= 1; }
+
 constexpr Decimal96 k一 = Decimal96::fromParts(1, 0, 0, false, 0);
 constexpr Decimal96 k零;
 // 0.5 as the double 0.5 converted by the 15-digit rule: exactly 5 at scale 1.
@@ -224,7 +228,7 @@ enum class 结局 { 成, 转双精度, 失败 };
     }
     const double p = std::pow(ad, bd);
     if (!std::isfinite(p)) return 结局::转双精度;
-    if (HvtE位置(Hvt数转数(数值(p))) >= 1) return 结局::转双精度;
+    if (有E(Hvt数转数(数值(p)))) return 结局::转双精度;
 
     Decimal96 A, B;
     if (!原值十进制(x, a, A) || !原值十进制(y, b, B)) return 结局::转双精度;
@@ -334,7 +338,7 @@ enum class 结局 { 成, 转双精度, 失败 };
     if (是零(b)) return 数值(k一);
     const 数值 a = Hvt数转数(x);
 
-    if (公共.高精度开关 && HvtE位置(b) < 1 && HvtE位置(a) < 1) {
+    if (公共.高精度开关 && !有E(b) && !有E(a)) {
         数值 r;
         switch (十进制乘方(x, y, a, b, r)) {
         case 结局::成: return r;
