@@ -15,20 +15,6 @@
 
 namespace {
 
-// Message boxes of the logic, written to stderr; a question is answered No.
-class 标准错误交互 : public 交互接口 {
-public:
-    void 告知(const QString& 文本, const QString& 标题) override {
-        QTextStream err(stderr);
-        if (!标题.isEmpty()) err << "[" << 标题 << "] ";
-        err << 文本 << "\n";
-    }
-    bool 询问(const QString& 文本, const QString& 标题) override {
-        告知(文本 + QStringLiteral(" （否）"), 标题);
-        return false;
-    }
-};
-
 const char* const 帮助文本 =
     "用法 usage: orvane-cli calc [--decimals N] [--angle 60|100|3] [--memory SPEC] [--raw] [--] EXPRESSION...\n"
     "\n"
@@ -130,7 +116,7 @@ int 运行计算(const QStringList& args) {
     }
     if (算式.isEmpty()) return 参数错误(QStringLiteral("缺少算式 (no expression given)"));
 
-    标准错误交互 交互实现;
+    cli::标准错误交互 交互实现;
     交互接口* 旧 = 安装交互(&交互实现);
 
     初始化字母变量();  // the variables start at decimal zero, as when the program starts

@@ -43,20 +43,6 @@ const char* const 说明文本 =
     "with a letter or a Chinese character. Failing points show zeros and a note.\n"
     "退出码 exit status: 0 converted, 1 nothing converted, 2 bad options or input file.\n";
 
-// Message boxes of the logic become lines on stderr; questions answer no.
-class 标准错误交互 : public 交互接口 {
-public:
-    void 告知(const QString& 文本, const QString& 标题) override {
-        QTextStream e(stderr);
-        if (!标题.isEmpty()) e << 标题 << " ";
-        e << 文本 << "\n";
-    }
-    bool 询问(const QString& 文本, const QString& 标题) override {
-        告知(文本, 标题);
-        return false;
-    }
-};
-
 bool 读子午线(const QString& s, double& 度) {
     double p = 0;
     if (!文本转双精度(s, p) || !(p >= -180 && p <= 180)) return false;
@@ -145,7 +131,7 @@ int 转换命令(const QStringList& args) {
         return 错("无法读文件 cannot read file: " + 文件);
     }
 
-    标准错误交互 交互器;
+    cli::标准错误交互 交互器{QString()};
     交互接口* 旧 = 安装交互(&交互器);
     const 坐标转换结果 r = 同系坐标转换(文本, 设置, QString());
     安装交互(旧);

@@ -7,6 +7,12 @@
 #include <QTextStream>
 #include <cstdio>
 
+void cli::标准错误交互::告知(const QString& 文本, const QString& 标题) {
+    QTextStream err(stderr);
+    if (!标题.isEmpty()) err << "[" << 标题 << "] ";
+    err << 文本 << "\n";
+}
+
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QStringList args = app.arguments();

@@ -19,21 +19,6 @@
 
 namespace {
 
-// Message boxes of the logic go to stderr. The integral's time prompt is
-// answered No: the loop goes on to the end.
-class 运行交互 : public 交互接口 {
-public:
-    void 告知(const QString& 文本, const QString& 标题) override {
-        QTextStream err(stderr);
-        if (!标题.isEmpty()) err << "[" << 标题 << "] ";
-        err << 文本 << "\n";
-    }
-    bool 询问(const QString& 文本, const QString& 标题) override {
-        告知(文本 + QStringLiteral("\n→ 否：继续计算 (answered No: the loop goes on)"), 标题);
-        return false;
-    }
-};
-
 const char* const 帮助文本 =
     "用法 usage: orvane-cli run [OPTIONS] SCRIPT\n"
     "       orvane-cli run --canonical SCRIPT\n"
@@ -183,7 +168,7 @@ int 运行脚本命令(const QStringList& args) {
         }
     }
 
-    运行交互 交互实现;
+    cli::标准错误交互 交互实现{QStringLiteral("\n→ 否：继续计算 (answered No: the loop goes on)")};
     交互接口* 旧 = 安装交互(&交互实现);
     struct 恢复 { 交互接口* p; ~恢复() { 安装交互(p); } } 恢复交互{旧};
 
