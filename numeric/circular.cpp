@@ -26,6 +26,10 @@ Decimal96 解析常数(const char16_t* s) {
 
 QString 修剪文本(const 数值& v) { return txt::trim(v.文本()); }
 
+// HvtE位置(v) >= 1 without building a decimal's text: a decimal's text
+// never has an exponent.
+bool 有E(const 数值& v) { return !v.是十进制() && HvtE位置(v) >= 1; }
+
 // ---- Decimal circular functions --------------------------------------------
 
 const QString k函数尾 = QStringLiteral(" 数值超出计算范围，我无法计算！返回数值用 [空值] 表示。");
@@ -288,7 +292,7 @@ namespace {
 
 数值 度转梯度(const 数值& x) {
     const 数值 a = Hvt数转数(x);
-    if (HvtE位置(a) >= 1) return 数值(k零);
+    if (有E(a)) return 数值(k零);
     const QString s = a.文本();
     const int 点 = txt::instr(s, QChar(u'.'));
     if (点 == 0) return a;
@@ -321,7 +325,7 @@ namespace {
 
 数值 度分秒转弧度(const 数值& x) {
     const 数值 a = Hvt数转数(x);
-    if (HvtE位置(a) >= 1) return 数值(k零);
+    if (有E(a)) return 数值(k零);
     Decimal96 d, r;
     if (!转十进制(度转梯度(a), d) || Decimal96::mul(d, 每度弧度(), r) != 状态::Ok) return 数值();
     return 数值(r);
@@ -329,7 +333,7 @@ namespace {
 
 数值 度转弧度(const 数值& x) {
     const 数值 a = Hvt数转数(x);
-    if (HvtE位置(a) >= 1) return 数值(k零);
+    if (有E(a)) return 数值(k零);
     Decimal96 d, r;
     switch (公共.角度单位) {
     case 3:
@@ -354,7 +358,7 @@ namespace {
 
 数值 度转度分秒(const 数值& x) {
     const 数值 a = Hvt数转数(x);
-    if (HvtE位置(a) >= 1) return 数值(k零);
+    if (有E(a)) return 数值(k零);
     const QString s = a.文本();
     const int 点 = txt::instr(s, QChar(u'.'));
     if (点 == 0) return a;
