@@ -248,8 +248,15 @@ enum class 结局 { 成, 转双精度, 失败 };
         }
         const Decimal96 C = B.abs();
         const Decimal96 整 = C.rounded(0, Decimal96::Rounding::TowardZero);
+        // An integer exponent below 1E+15 reads back as itself, so its
+        // fractional part is "0" and F is zero without the text round.
+        static constexpr Decimal96 k整数直取上界 = Decimal96::fromParts(0xA4C68000u, 0x38D7Eu, 0, false, 0);  // 1E+15 = 0x38D7E_A4C68000
         Decimal96 F;
-        if (!转十进制(数值(QStringLiteral("0.") + 取数值的小数部分(数值(C))), F)) return 结局::转双精度;
+        if (整 == C && C < k整数直取上界) {
+            F = k零;
+        } else if (!转十进制(数值(QStringLiteral("0.") + 取数值的小数部分(数值(C))), F)) {
+            return 结局::转双精度;
+        }
 
         // The integer part as a count (C < 7.93E+28 fits 128 bits).
         大整数 I = 0;
