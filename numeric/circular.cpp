@@ -50,15 +50,20 @@ bool 周内角(const 数值& x, Decimal96& m) {
     // same two decimal steps are taken here directly; 0·2π is the guarded
     // product itself, formed once.
     static constexpr Decimal96 k直取下限 = Decimal96::fromParts(1, 0, 0, false, 20);  // 1E-20
+    // A negative angle within one turn goes the same way with the integer
+    // part "-0".
     if (公共.高精度开关 && a.是十进制()) {
         const Decimal96& v = a.十进制值();
-        if (!(v < k直取下限) && v < 二π()) {
-            static const Decimal96 零积 = [] {
+        const Decimal96 模 = v.abs();
+        if (!(模 < k直取下限) && 模 < 二π()) {
+            static const auto 零积 = [](const QString& 整数部分) {
                 Decimal96 z;
-                转十进制(求两数积(数值(QStringLiteral("0")), 数值(二π())), z);
+                转十进制(求两数积(数值(整数部分), 数值(二π())), z);
                 return z;
-            }();
-            if (Decimal96::sub(v, 零积, m) == 状态::Ok) return true;
+            };
+            static const Decimal96 正零积 = 零积(QStringLiteral("0"));
+            static const Decimal96 负零积 = 零积(QStringLiteral("-0"));
+            if (Decimal96::sub(v, v.negative() ? 负零积 : 正零积, m) == 状态::Ok) return true;
         }
     }
     return 转十进制(求两数余(a, 数值(二π())), m);
