@@ -9,6 +9,7 @@
 #include "shell/state.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <exception>
 #include <string_view>
 
@@ -19,14 +20,37 @@ struct 替换项 {
     std::u16string_view 新;
 };
 
+// The ASCII characters a text may hold: a pattern with an ASCII character
+// the text lacks cannot occur in it, which spares the scan. Any other
+// character counts as present. Kept as a superset while replacing.
+struct 字符集 {
+    std::uint64_t 位[2] = {0, 0};
+    void 加(char16_t c) {
+        if (c < 128) 位[c >> 6] |= std::uint64_t{1} << (c & 63);
+    }
+    void 加(std::u16string_view s) {
+        for (char16_t c : s) 加(c);
+    }
+    bool 或有(std::u16string_view s) const {
+        for (char16_t c : s)
+            if (c < 128 && ((位[c >> 6] >> (c & 63)) & 1) == 0) return false;
+        return true;
+    }
+};
+
 template <std::size_t N>
 void 依表替换(QString& t, const 替换项 (&表)[N]) {
+    字符集 有;
+    有.加(std::u16string_view(reinterpret_cast<const char16_t*>(t.utf16()), static_cast<std::size_t>(t.size())));
     for (const auto& e : 表) {
+        if (!有.或有(e.原)) continue;
         const QStringView 原(e.原.data(), static_cast<qsizetype>(e.原.size()));
-        if (t.contains(原))
+        if (t.contains(原)) {
             t.replace(reinterpret_cast<const QChar*>(e.原.data()), static_cast<qsizetype>(e.原.size()),
                       reinterpret_cast<const QChar*>(e.新.data()), static_cast<qsizetype>(e.新.size()),
                       Qt::CaseSensitive);
+            有.加(e.新);
+        }
     }
 }
 
