@@ -306,6 +306,33 @@ QString 算式字符规整(const QString& 文本) {
     return t;
 }
 
+
+namespace {
+// Copies t, handing each run of ASCII letters (a name) to 名处理(s, name,
+// 1-based position, length), which appends what stands for it; every other
+// unit is copied as it is.
+template <class F>
+QString 逐名改写(const QString& t, F 名处理) {
+    QString s;
+    s.reserve(t.size() * 2);
+    const int n = txt::len(t);
+    int i = 1;
+    while (i <= n) {
+        const QChar c = txt::at(t, i);
+        if (!txt::isAsciiLetter(c)) {
+            s += c;
+            ++i;
+            continue;
+        }
+        const QString w = 取字母串(t, i);
+        const int 长 = std::max(1, txt::len(w));
+        名处理(s, w, i, 长);
+        i += 长;
+    }
+    return s;
+}
+}  // namespace
+
 QString 算式结构规整(const QString& 文本) {
     // 1. Trim and upper-case.
     QString t = txt::trim(文本).toUpper();
@@ -356,57 +383,25 @@ QString 算式结构规整(const QString& 文本) {
 
     // 7. Names, and stars ahead of them. The start of the text counts as a
     //    blank neighbour.
-    {
-        QString s;
-        s.reserve(t.size() * 2);
-        const int n = txt::len(t);
-        int i = 1;
-        while (i <= n) {
-            const QChar c = txt::at(t, i);
-            if (!txt::isAsciiLetter(c)) {
-                s += c;
-                ++i;
-                continue;
-            }
-            const QString w = 取字母串(t, i);
-            const int 长 = std::max(1, txt::len(w));
-            if (!名称表中有(w)) {
-                报告无法识读(w);
-                s += w;
-            } else {
-                const QChar 前 = i > 1 ? txt::at(t, i - 1) : QChar(u' ');
-                const QString& 集 = (w == u"E") ? E前字符集 : 名前字符集;
-                if (!集.contains(前)) s += u'*';
-                s += w;
-            }
-            i += 长;
+    t = 逐名改写(t, [&](QString& s, const QString& w, int i, int) {
+        if (!名称表中有(w)) {
+            报告无法识读(w);
+            s += w;
+            return;
         }
-        t = s;
-    }
+        const QChar 前 = i > 1 ? txt::at(t, i - 1) : QChar(u' ');
+        const QString& 集 = (w == u"E") ? E前字符集 : 名前字符集;
+        if (!集.contains(前)) s += u'*';
+        s += w;
+    });
 
     // 8. Stars behind names. The end of the text counts as a blank.
-    {
-        QString s;
-        s.reserve(t.size() * 2);
-        const int n = txt::len(t);
-        int i = 1;
-        while (i <= n) {
-            const QChar c = txt::at(t, i);
-            if (!txt::isAsciiLetter(c)) {
-                s += c;
-                ++i;
-                continue;
-            }
-            const QString w = 取字母串(t, i);
-            const int 长 = std::max(1, txt::len(w));
-            const QChar 后 = i + 长 <= n ? txt::at(t, i + 长) : QChar(u' ');
-            const QString& 集 = (w == u"E") ? E后字符集 : (长 > 1 ? 函数后字符集 : 变量后字符集);
-            s += w;
-            if (!集.contains(后)) s += u'*';
-            i += 长;
-        }
-        t = s;
-    }
+    t = 逐名改写(t, [&](QString& s, const QString& w, int i, int 长) {
+        const QChar 后 = i + 长 <= txt::len(t) ? txt::at(t, i + 长) : QChar(u' ');
+        const QString& 集 = (w == u"E") ? E后字符集 : (长 > 1 ? 函数后字符集 : 变量后字符集);
+        s += w;
+        if (!集.contains(后)) s += u'*';
+    });
 
     // 9. Stars behind closers: 3!2, )2, Π2, Π(.
     {
