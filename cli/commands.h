@@ -30,6 +30,24 @@ struct 命令注册 {
     }
 };
 
+// Reads option 名 at args[i], written "--name=value" or "--name value" (then
+// i moves past the value). False when args[i] is another argument. True when
+// it is this option: 有值 tells whether a value was there, 值 holds it.
+inline bool 取选项值(const QStringList& args, int& i, const QString& 名, QString& 值, bool& 有值) {
+    const QString& a = args[i];
+    if (a.startsWith(名 + u'=')) {
+        值 = a.mid(名.size() + 1);
+        有值 = true;
+        return true;
+    }
+    if (a != 名) return false;
+    if (i + 1 < args.size()) {
+        值 = args[++i];
+        有值 = true;
+    }
+    return true;
+}
+
 // Message boxes of the logic become lines on stderr ("[title] text"); every
 // question is answered No, and the line says so with 否的说明.
 class 标准错误交互 : public 交互接口 {

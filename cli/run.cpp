@@ -95,21 +95,7 @@ int 运行脚本命令(const QStringList& args) {
         const QString a = args[i];
         QString 值;
         bool 有值 = false;
-        auto 取值 = [&](const QString& 名) -> bool {
-            if (a.startsWith(名 + u'=')) {
-                值 = a.mid(名.size() + 1);
-                有值 = true;
-                return true;
-            }
-            if (a == 名) {
-                if (i + 1 < args.size()) {
-                    值 = args[++i];
-                    有值 = true;
-                }
-                return true;
-            }
-            return false;
-        };
+        auto 取值 = [&](const QString& 名) { return cli::取选项值(args, i, 名, 值, 有值); };
         if (a == u"-h" || a == u"--help") {
             QTextStream(stdout) << QString::fromUtf8(帮助文本);
             return 0;
