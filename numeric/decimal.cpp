@@ -47,6 +47,12 @@ constexpr std::array<u128, 39> kPow10 = makePow10();
 static_assert(kPow10.size() == 39);
 static_assert(kPow10[28] < (u128(1) << 94), "10^28 fits 94 bits: aligned operands fit 192 bits");
 
+// Bits of v (0 for 0).
+inline int bitLength(u128 v) {
+    if (v >> 64) return 128 - __builtin_clzll(static_cast<u64>(v >> 64));
+    return v ? 64 - __builtin_clzll(static_cast<u64>(v)) : 0;
+}
+
 // Decimal digits of v (1 for 0).
 inline int digitCount(u128 v) {
     // Lower bound from the bit length, then one correction step:
@@ -626,6 +632,37 @@ int mantissaText(u128 m, char* buf) {
     return n;
 }
 
+// m / 10^scale correctly rounded to double, through the 64-bit significand
+// of x87 extended precision: m (< 2^96) converts with one rounding, 10^s is
+// exact for s <= 27 (5^27 < 2^64) and 10^28 is 10^27 times 10, so the
+// extended quotient q lies within a few units of its last place of the
+// true value. Rounding q to double is then right unless q's 11 bits below
+// the double's 53 lie within that distance of the halfway pattern 0x400
+// (where the true value might sit on the other side); those cases, about
+// one in a hundred, answer false and the caller takes the exact road.
+bool longDoubleQuotient(u128 m, int scale, double& out) {
+#if defined(__x86_64__) && (__LDBL_MANT_DIG__ == 64)
+    static constexpr long double kTen[28] = {1e0L, 1e1L, 1e2L, 1e3L, 1e4L, 1e5L, 1e6L, 1e7L, 1e8L, 1e9L,
+                                             1e10L, 1e11L, 1e12L, 1e13L, 1e14L, 1e15L, 1e16L, 1e17L, 1e18L,
+                                             1e19L, 1e20L, 1e21L, 1e22L, 1e23L, 1e24L, 1e25L, 1e26L, 1e27L};
+    static_assert(sizeof kTen / sizeof kTen[0] == 28);
+    long double q = static_cast<long double>(m);
+    if (scale == 28) q = q / kTen[27] / 10.0L;
+    else q = q / kTen[scale];
+    if (q == 0.0L) return false;
+    int e = 0;
+    const long double f = std::frexp(q, &e);                       // [0.5, 1)
+    const u64 sig = static_cast<u64>(std::ldexp(f, 64));           // exact: 64 bits
+    const int low = static_cast<int>(sig & 0x7FF);
+    if (low > 0x400 - 16 && low < 0x400 + 16) return false;
+    out = static_cast<double>(q);
+    return true;
+#else
+    (void)m; (void)scale; (void)out;
+    return false;
+#endif
+}
+
 }  // namespace
 
 // ---- construction and conversion ---------------------------------------
@@ -675,6 +712,8 @@ double Decimal96::toDouble() const {
                                               1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
         static_assert(sizeof kExact / sizeof kExact[0] == 23);
         r = static_cast<double>(static_cast<u64>(m)) / kExact[scale_];
+    } else if (longDoubleQuotient(m, scale_, r)) {
+        // r holds the correctly rounded quotient.
     } else {
         char buf[48];
         int n = mantissaText(m, buf);
@@ -733,7 +772,11 @@ Decimal96::Status Decimal96::mul(const Decimal96& a, const Decimal96& b, Decimal
         if (p <= kMaxMantissa && scale <= kMaxScale) { out = make(p, neg, scale); return Status::Ok; }
         return fit128(p, scale, neg, out);
     }
-    U192 p = mulWide(mant(a), mant(b));
+    u128 ma = mant(a), mb = mant(b);
+    // A product within 128 bits (a factor of 32 bits or less against any
+    // other, as 0.5 or a small count in the roots) takes the 128-bit fit.
+    if (bitLength(ma) + bitLength(mb) <= 128) return fit128(ma * mb, scale, neg, out);
+    U192 p = mulWide(ma, mb);
     return fitResult(p, scale, neg, false, out);
 }
 

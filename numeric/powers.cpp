@@ -6,6 +6,7 @@
 #include "shell/state.h"
 
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -207,6 +208,36 @@ bool 十进制开平方(Decimal96 A, Decimal96& r) {
     return true;
 }
 
+// The chain of square roots e^(1/2), e^(1/4), ... that the fractional part
+// of every power of e walks (each hyperbolic function takes two such
+// powers). The roots are the very ones the loop below would compute, by the
+// same procedure, made once on first need and kept; `迭代` records whether
+// the procedure iterated for a root, so that the lowering of the reachable
+// digits happens exactly as if the root were taken afresh.
+struct 根链项 {
+    Decimal96 根;
+    bool 迭代 = false;
+};
+// e to 28 places: 2.7182818284590452353602874714, the decimal of the
+// evaluator's constant text (27182818284590452353602874714 = 0x57D519AB_EBECDE35_857AED5A).
+constexpr Decimal96 k自然常数 = Decimal96::fromParts(0x857AED5Au, 0xEBECDE35u, 0x57D519ABu, false, 28);
+
+// Root k (1-based) of the chain of e, or false when the chain cannot give it
+// (a decimal fault, never seen for e; the caller then takes the root itself).
+bool 自然常数根(int k, Decimal96& out) {
+    static std::vector<根链项> 链;
+    while (static_cast<int>(链.size()) < k) {
+        const Decimal96 前 = 链.empty() ? k自然常数 : 链.back().根;
+        根链项 项;
+        if (!平方根(前, 项.根, 项.迭代)) return false;
+        链.push_back(项);
+    }
+    const 根链项& 项 = 链[static_cast<std::size_t>(k - 1)];
+    if (项.迭代) 降为二十八位();
+    out = 项.根;
+    return true;
+}
+
 数值 开平方失败(const 数值& x) {
     报告错误(QStringLiteral("  进行[开平方]运算时， ") + 修剪文本(x) +
              QStringLiteral(" 数值超出计算范围！返回数值用 [1] 表示。"));
@@ -272,12 +303,15 @@ enum class 结局 { 成, 转双精度, 失败 };
             if (!整数幂(底, I, R)) return false;
             if (F.isZero() || !(k零 < F)) return true;
             Decimal96 P = 底, Q = k一, 余 = F;
+            const bool 底为e = 底 == k自然常数 && 底.scale() == k自然常数.scale();
             for (int 轮 = 0; 轮 < 93; ++轮) {
                 if (Decimal96::mul(Q, k半, Q) != 状态::Ok) return false;
                 // As 开平方(数值(P)) read back: a failed root reports and
                 // stands as 1, which ends the rounds.
                 Decimal96 根;
-                if (十进制开平方(P, 根)) {
+                if (底为e && 自然常数根(轮 + 1, 根)) {
+                    P = 根;
+                } else if (十进制开平方(P, 根)) {
                     P = 根;
                 } else {
                     开平方失败(数值(P));
