@@ -632,6 +632,17 @@ int mantissaText(u128 m, char* buf) {
     return n;
 }
 
+// Whether long double arithmetic really carries 64 bits here (an emulator
+// such as valgrind's computes it in double); the two short roads below
+// rest on it and stand aside when it does not.
+bool extendedPrecision() {
+    static const bool ok = [] {
+        volatile long double one = 1.0L, tiny = 0x1p-62L;
+        return one + tiny != one;
+    }();
+    return ok;
+}
+
 // m / 10^scale correctly rounded to double, through the 64-bit significand
 // of x87 extended precision: m (< 2^96) converts with one rounding, 10^s is
 // exact for s <= 27 (5^27 < 2^64) and 10^28 is 10^27 times 10, so the
@@ -646,19 +657,63 @@ bool longDoubleQuotient(u128 m, int scale, double& out) {
                                              1e10L, 1e11L, 1e12L, 1e13L, 1e14L, 1e15L, 1e16L, 1e17L, 1e18L,
                                              1e19L, 1e20L, 1e21L, 1e22L, 1e23L, 1e24L, 1e25L, 1e26L, 1e27L};
     static_assert(sizeof kTen / sizeof kTen[0] == 28);
+    if (!extendedPrecision()) return false;
     long double q = static_cast<long double>(m);
     if (scale == 28) q = q / kTen[27] / 10.0L;
     else q = q / kTen[scale];
     if (q == 0.0L) return false;
-    int e = 0;
-    const long double f = std::frexp(q, &e);                       // [0.5, 1)
-    const u64 sig = static_cast<u64>(std::ldexp(f, 64));           // exact: 64 bits
+    // The x87 format keeps its 64-bit significand (explicit leading bit)
+    // in the low eight bytes.
+    u64 sig = 0;
+    std::memcpy(&sig, &q, sizeof sig);
     const int low = static_cast<int>(sig & 0x7FF);
     if (low > 0x400 - 16 && low < 0x400 + 16) return false;
     out = static_cast<double>(q);
     return true;
 #else
     (void)m; (void)scale; (void)out;
+    return false;
+#endif
+}
+
+// The 15 significant digits of a (1E-29 <= a < 2^96) as N, 10^14 <= N <
+// 10^15, with a ≈ N / 10^k, rounded to nearest from the exact binary value.
+// a·10^k is formed in extended precision (10^j exact for j <= 27; beyond,
+// two factors), within 2E-4 of its true value (3 roundings of 2^-64 at
+// most, on a value below 10^15). A fraction within 1E-3 of one half might
+// round either way, and a true tie must go to even: both answer false, and
+// the caller takes the exact road of the digit printer.
+bool fifteenDigits(double a, u64& N, int& k) {
+#if defined(__x86_64__) && (__LDBL_MANT_DIG__ == 64)
+    static constexpr long double kTen[28] = {1e0L, 1e1L, 1e2L, 1e3L, 1e4L, 1e5L, 1e6L, 1e7L, 1e8L, 1e9L,
+                                             1e10L, 1e11L, 1e12L, 1e13L, 1e14L, 1e15L, 1e16L, 1e17L, 1e18L,
+                                             1e19L, 1e20L, 1e21L, 1e22L, 1e23L, 1e24L, 1e25L, 1e26L, 1e27L};
+    static_assert(sizeof kTen / sizeof kTen[0] == 28);
+    if (!extendedPrecision()) return false;
+    auto scaled = [&](int j) -> long double {
+        const long double x = a;
+        if (j >= 0) return j <= 27 ? x * kTen[j] : x * kTen[27] * kTen[j - 27];
+        return x / kTen[-j];   // j >= -14 here
+    };
+    // floor(log10 a) or one off, from the binary exponent (a is normal):
+    // 77/256 is a little below log10 2.
+    u64 bits = 0;
+    std::memcpy(&bits, &a, sizeof bits);
+    const int e2 = static_cast<int>((bits >> 52) & 0x7FF) - 1023;   // a in [2^e2, 2^(e2+1))
+    const int e10 = e2 >= 0 ? (e2 * 77) >> 8 : -((-e2 * 77 + 255) >> 8);
+    k = 14 - e10;
+    long double x = scaled(k);
+    for (int t = 0; t < 2 && x < 1e14L; ++t) x = scaled(++k);
+    for (int t = 0; t < 2 && x >= 1e15L; ++t) x = scaled(--k);
+    if (!(x >= 1e14L && x < 1e15L) || k > 43 || k < -14) return false;
+    const u64 whole = static_cast<u64>(x);   // x > 0: truncation is the floor
+    const long double frac = x - static_cast<long double>(whole);
+    if (frac > 0.5L - 1e-3L && frac < 0.5L + 1e-3L) return false;
+    N = whole + (frac > 0.5L ? 1 : 0);
+    if (N == 1000000000000000ULL) { N = 100000000000000ULL; --k; }
+    return true;
+#else
+    (void)a; (void)N; (void)k;
     return false;
 #endif
 }
@@ -685,6 +740,19 @@ Decimal96::Status Decimal96::fromDouble(double d, Decimal96& out) {
     if (a >= 79228162514264337593543950336.0) return Status::Overflow;
     if (a < 1E-29) { out = fromParts64(0, 0, std::signbit(d), 0); return Status::Ok; }
     // 15 significant digits, correctly rounded from the exact binary value.
+    {
+        u64 N = 0;
+        int k = 0;
+        if (fifteenDigits(a, N, k)) {
+            // a ≈ N / 10^k, N of 15 digits: trailing zeros carry no scale.
+            while (k > 0 && N % 10 == 0) { N /= 10; --k; }
+            if (k <= Decimal96::kMaxScale) {
+                u128 m = N;
+                if (k < 0) { m *= kPow10[-k]; k = 0; }
+                if (m <= kMaxMantissa) { out = make(m, std::signbit(d), k); return Status::Ok; }
+            }
+        }
+    }
     char buf[40];
     auto res = std::to_chars(buf, buf + sizeof buf, a, std::chars_format::scientific, 14);
     // buf: d.dddddddddddddde±XX
@@ -773,6 +841,20 @@ Decimal96::Status Decimal96::mul(const Decimal96& a, const Decimal96& b, Decimal
         return fit128(p, scale, neg, out);
     }
     u128 ma = mant(a), mb = mant(b);
+    // Halving (b = 0.5 as written, 5 at scale 1; the square roots take it
+    // twice a step): 5·m at scale + 1 when that fits, else one digit
+    // dropped, which is m/2 rounded half-even at a's own scale (the product
+    // 5·m < 10·2^96 never needs a second digit dropped).
+    if ((mb == 5 && b.scale_ == 1) || (ma == 5 && a.scale_ == 1)) {
+        const bool bHalf = mb == 5 && b.scale_ == 1;
+        const u128 m = bHalf ? ma : mb;
+        const int own = bHalf ? a.scale_ : b.scale_;
+        if (scale <= kMaxScale && m <= kMaxMantissa / 5) { out = make(m * 5, neg, scale); return Status::Ok; }
+        u128 q = m >> 1;
+        if ((m & 1) && (q & 1)) ++q;
+        out = make(q, neg, own);
+        return Status::Ok;
+    }
     // A product within 128 bits (a factor of 32 bits or less against any
     // other, as 0.5 or a small count in the roots) takes the 128-bit fit.
     if (bitLength(ma) + bitLength(mb) <= 128) return fit128(ma * mb, scale, neg, out);
@@ -799,6 +881,12 @@ Decimal96::Status Decimal96::div(const Decimal96& a, const Decimal96& b, Decimal
         u64 a64 = static_cast<u64>(ma), b64 = static_cast<u64>(mb);
         q = a64 / b64;
         r = a64 % b64;
+    } else if (ma < mb) {
+        q = 0;   // operands of one size (a root's Newton step): no division yet
+        r = ma;
+    } else if (ma - mb < mb) {
+        q = 1;
+        r = ma - mb;
     } else {
         q = divmod(U192(ma), mb, r);
     }
@@ -870,9 +958,21 @@ int Decimal96::compare(const Decimal96& a, const Decimal96& b) {
     if (a.scale_ == b.scale_) {
         c = ma < mb ? -1 : (ma > mb ? 1 : 0);
     } else if (a.scale_ < b.scale_) {
-        c = cmp(mulWide(ma, kPow10[b.scale_ - a.scale_]), U192(mb));
+        const int d = b.scale_ - a.scale_;
+        if (ma <= kAlignLimit[d]) {
+            const u128 x = ma * kPow10[d];
+            c = x < mb ? -1 : (x > mb ? 1 : 0);
+        } else {
+            c = cmp(mulWide(ma, kPow10[d]), U192(mb));
+        }
     } else {
-        c = cmp(U192(ma), mulWide(mb, kPow10[a.scale_ - b.scale_]));
+        const int d = a.scale_ - b.scale_;
+        if (mb <= kAlignLimit[d]) {
+            const u128 y = mb * kPow10[d];
+            c = ma < y ? -1 : (ma > y ? 1 : 0);
+        } else {
+            c = cmp(U192(ma), mulWide(mb, kPow10[d]));
+        }
     }
     return sa < 0 ? -c : c;
 }
