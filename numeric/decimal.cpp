@@ -645,7 +645,7 @@ bool extendedPrecision() {
 
 // m / 10^scale correctly rounded to double, through the 64-bit significand
 // of x87 extended precision: m (< 2^96) converts with one rounding, 10^s is
-// exact for s <= 27 (5^27 < 2^64) and 10^28 is 10^27 times 10, so the
+// exact for s <= 27 (5^27 < 2^64) and 10^28 is rounded once, so the
 // extended quotient q lies within a few units of its last place of the
 // true value. Rounding q to double is then right unless q's 11 bits below
 // the double's 53 lie within that distance of the halfway pattern 0x400
@@ -659,8 +659,8 @@ bool longDoubleQuotient(u128 m, int scale, double& out) {
     static_assert(sizeof kTen / sizeof kTen[0] == 28);
     if (!extendedPrecision()) return false;
     long double q = static_cast<long double>(m);
-    if (scale == 28) q = q / kTen[27] / 10.0L;
-    else q = q / kTen[scale];
+    // 10^28 (66 bits) is itself rounded once: a third rounding of 2^-64.
+    q = scale == 28 ? q / 1e28L : q / kTen[scale];
     if (q == 0.0L) return false;
     // The x87 format keeps its 64-bit significand (explicit leading bit)
     // in the low eight bytes.
@@ -706,10 +706,15 @@ bool fifteenDigits(double a, u64& N, int& k) {
     for (int t = 0; t < 2 && x < 1e14L; ++t) x = scaled(++k);
     for (int t = 0; t < 2 && x >= 1e15L; ++t) x = scaled(--k);
     if (!(x >= 1e14L && x < 1e15L) || k > 43 || k < -14) return false;
-    const u64 whole = static_cast<u64>(x);   // x > 0: truncation is the floor
-    const long double frac = x - static_cast<long double>(whole);
-    if (frac > 0.5L - 1e-3L && frac < 0.5L + 1e-3L) return false;
-    N = whole + (frac > 0.5L ? 1 : 0);
+    // Nearest integer without a change of the x87 rounding mode (which
+    // stalls): 2^63 + x has a unit last place, so the addition rounds x to
+    // the nearest integer and the significand bits hold 2^63 + that integer.
+    const long double y = x + 0x1p63L;
+    u64 sig = 0;
+    std::memcpy(&sig, &y, sizeof sig);
+    const long double frac = x - (y - 0x1p63L);   // exact, within ±0.5
+    if (std::fabs(frac) > 0.5L - 1e-3L) return false;
+    N = sig - (u64(1) << 63);
     if (N == 1000000000000000ULL) { N = 100000000000000ULL; --k; }
     return true;
 #else
@@ -835,10 +840,10 @@ Decimal96::Status Decimal96::sub(const Decimal96& a, const Decimal96& b, Decimal
 Decimal96::Status Decimal96::mul(const Decimal96& a, const Decimal96& b, Decimal96& out) {
     bool neg = a.neg_ != b.neg_;
     int scale = a.scale_ + b.scale_;
-    if ((a.hi_ | b.hi_) == 0) {
+    const bool small = (a.hi_ | b.hi_) == 0;
+    if (small) {
         u128 p = u128(a.lo64_) * b.lo64_;
         if (p <= kMaxMantissa && scale <= kMaxScale) { out = make(p, neg, scale); return Status::Ok; }
-        return fit128(p, scale, neg, out);
     }
     u128 ma = mant(a), mb = mant(b);
     // Halving (b = 0.5 as written, 5 at scale 1; the square roots take it
@@ -855,9 +860,9 @@ Decimal96::Status Decimal96::mul(const Decimal96& a, const Decimal96& b, Decimal
         out = make(q, neg, own);
         return Status::Ok;
     }
-    // A product within 128 bits (a factor of 32 bits or less against any
-    // other, as 0.5 or a small count in the roots) takes the 128-bit fit.
-    if (bitLength(ma) + bitLength(mb) <= 128) return fit128(ma * mb, scale, neg, out);
+    // A product within 128 bits (two of 64 bits, or a factor of 32 bits or
+    // less against any other) takes the 128-bit fit.
+    if (small || bitLength(ma) + bitLength(mb) <= 128) return fit128(ma * mb, scale, neg, out);
     U192 p = mulWide(ma, mb);
     return fitResult(p, scale, neg, false, out);
 }
