@@ -905,19 +905,40 @@ Decimal96::Status Decimal96::div(const Decimal96& a, const Decimal96& b, Decimal
         int j = kMaxScale - (q == 0 ? 0 : digitCount(q));
         if (j > room) j = room;
         if (j > 0) {
+            // After a chunk behind a nonzero q, q has 28 digits and the one
+            // digit more below is tried whenever room is left: that digit is
+            // taken in the same division, and given back if it does not fit.
+            const bool withDigit = q != 0 && j < room;
+            const int jj = withDigit ? j + 1 : j;
             u128 q2;
-            if ((mb >> 64) == 0 && j <= 19) {
-                // r < mb < 2^64, r * 10^j < 2^128, quotient < 10^j < 2^64.
-                u128 n = r * kPow10[j];
+            if ((mb >> 64) == 0 && jj <= 19) {
+                // r < mb < 2^64, r * 10^jj < 2^128, quotient < 10^jj < 2^64.
+                u128 n = r * kPow10[jj];
                 u64 rr;
                 q2 = div128by64(static_cast<u64>(n >> 64), static_cast<u64>(n), static_cast<u64>(mb), rr);
                 r = rr;
             } else {
-                q2 = divmod(mulWide(r, kPow10[j]), mb, r);
+                q2 = divmod(mulWide(r, kPow10[jj]), mb, r);
             }
-            q = q * kPow10[j] + q2;
-            scale += j;
-            continue;
+            const u128 nq = q * kPow10[jj] + q2;   // below 10^29
+            if (!withDigit) {
+                q = nq;
+                scale += j;
+                continue;
+            }
+            if (nq <= kMaxMantissa) {
+                q = nq;
+                scale += jj;
+            } else {
+                // Without the last digit d: q = nq / 10, and the remainder
+                // of the shorter quotient is (d·mb + r) / 10, exactly.
+                u64 d;
+                q = divPow10Fast(nq, 1, d);
+                u64 zero;
+                r = divPow10Fast(u128(d) * mb + r, 1, zero);
+                scale += j;
+            }
+            break;
         }
         // One digit, only if it still fits.
         u128 q2;
