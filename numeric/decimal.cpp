@@ -676,6 +676,43 @@ bool longDoubleQuotient(u128 m, int scale, double& out) {
 #endif
 }
 
+// The 15 significant digits of a as N (10^14 <= N < 10^15, a ≈ N / 10^k)
+// in exact integer arithmetic, for 1E-7 <= a < 1E+14 (0 <= k <= 22, where
+// a's 53-bit integer M times 10^k fits 128 bits): N is M·10^k shifted down
+// by a's binary exponent, rounded to nearest by the bits shifted out. An
+// exact tie, and any a outside the range, answer false.
+bool fifteenDigitsExact(double a, u64& N, int& k) {
+    u64 bits = 0;
+    std::memcpy(&bits, &a, sizeof bits);
+    const int biased = static_cast<int>((bits >> 52) & 0x7FF);
+    if (biased == 0) return false;                       // subnormal: far below 1E-7
+    const u64 M = (bits & ((u64(1) << 52) - 1)) | (u64(1) << 52);
+    const int e2 = biased - 1023;                        // a in [2^e2, 2^(e2+1))
+    const int sh = 52 - e2;                              // a = M / 2^sh
+    if (e2 < -24 || e2 > 46) return false;               // 2^-24 < 1E-7; 2^47 > 1E+14
+    const int e10 = e2 >= 0 ? (e2 * 77) >> 8 : -((-e2 * 77 + 255) >> 8);
+    k = 14 - e10;
+    auto whole = [&](int j) { return (u128(M) * kPow10[j]) >> sh; };   // floor(a·10^j)
+    for (int t = 0; t < 2; ++t) {
+        if (k < 0 || k > 22) return false;
+        const u128 x = whole(k);
+        if (x < 100000000000000ULL) ++k;
+        else if (x >= 1000000000000000ULL) --k;
+        else break;
+    }
+    if (k < 0 || k > 22) return false;
+    const u128 P = u128(M) * kPow10[k];
+    u128 x = P >> sh;
+    if (x < 100000000000000ULL || x >= 1000000000000000ULL) return false;
+    const u128 rest = P & ((u128(1) << sh) - 1);
+    const u128 half = u128(1) << (sh - 1);
+    if (rest == half) return false;
+    if (rest > half) ++x;
+    N = static_cast<u64>(x);
+    if (N == 1000000000000000ULL) { N = 100000000000000ULL; --k; }
+    return true;
+}
+
 // The 15 significant digits of a (1E-29 <= a < 2^96) as N, 10^14 <= N <
 // 10^15, with a ≈ N / 10^k, rounded to nearest from the exact binary value.
 // a·10^k is formed in extended precision (10^j exact for j <= 27; beyond,
@@ -748,7 +785,7 @@ Decimal96::Status Decimal96::fromDouble(double d, Decimal96& out) {
     {
         u64 N = 0;
         int k = 0;
-        if (fifteenDigits(a, N, k)) {
+        if (fifteenDigitsExact(a, N, k) || fifteenDigits(a, N, k)) {
             // a ≈ N / 10^k, N of 15 digits: trailing zeros carry no scale.
             while (k > 0 && N % 10 == 0) { N /= 10; --k; }
             if (k <= Decimal96::kMaxScale) {
