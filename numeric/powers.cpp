@@ -279,25 +279,17 @@ enum class 结局 { 成, 转双精度, 失败 };
         }
         const Decimal96 C = B.abs();
         const Decimal96 整 = C.rounded(0, Decimal96::Rounding::TowardZero);
-        // An integer exponent below 1E+15 reads back as itself, so its
-        // fractional part is "0" and F is zero without the text round.
-        static constexpr Decimal96 k整数直取上界 = Decimal96::fromParts(0xA4C68000u, 0x38D7Eu, 0, false, 0);  // 1E+15 = 0x38D7E_A4C68000
+        // F is "0." and the fraction digits of C's text, read back: that is
+        // C minus its integer part exactly (a decimal's text is plain
+        // digits), so the subtraction gives the same value without the
+        // text; the scale it carries may differ, which no later step sees
+        // (F only meets comparisons and exact subtractions).
         Decimal96 F;
-        if (整 == C && C < k整数直取上界) {
-            F = k零;
-        } else if (!转十进制(数值(QStringLiteral("0.") + 取数值的小数部分(数值(C))), F)) {
-            return 结局::转双精度;
-        }
+        if (Decimal96::sub(C, 整, F) != 状态::Ok) return 结局::转双精度;
 
-        // The integer part as a count (C < 7.93E+28 fits 128 bits).
-        大整数 I = 0;
-        {
-            const QString s = 整.toText();
-            for (QChar ch : s) {
-                if (!txt::isAsciiDigit(ch)) return 结局::转双精度;
-                I = I * 10 + (ch.unicode() - u'0');
-            }
-        }
+        // The integer part as a count (C < 7.93E+28 fits 128 bits; 整 has
+        // scale 0, so its mantissa is the count).
+        const 大整数 I = (static_cast<大整数>(整.hi()) << 64) | (static_cast<大整数>(整.mid()) << 32) | 整.lo();
 
         auto 求幂 = [&](const Decimal96& 底, Decimal96& R) -> bool {
             if (!整数幂(底, I, R)) return false;
