@@ -120,8 +120,18 @@ public:
     // aside) in range; false otherwise and `out` untouched.
     bool toInt64(std::int64_t& out) const;
 
-    friend bool operator==(const Decimal96& a, const Decimal96& b) { return compare(a, b) == 0; }
-    friend bool operator<(const Decimal96& a, const Decimal96& b) { return compare(a, b) < 0; }
+    // Operands of one scale and sign compare by their mantissas in place
+    // (the loops of the powers ask this a few hundred times a power); the
+    // rest, and zeros of either sign, go to compare().
+    friend bool operator==(const Decimal96& a, const Decimal96& b) {
+        if (a.scale_ == b.scale_ && a.neg_ == b.neg_) return a.lo64_ == b.lo64_ && a.hi_ == b.hi_;
+        return compare(a, b) == 0;
+    }
+    friend bool operator<(const Decimal96& a, const Decimal96& b) {
+        if (a.scale_ == b.scale_ && !a.neg_ && !b.neg_)
+            return a.hi_ != b.hi_ ? a.hi_ < b.hi_ : a.lo64_ < b.lo64_;
+        return compare(a, b) < 0;
+    }
 
 private:
     friend struct Decimal96Access;   // unchecked construction inside decimal.cpp

@@ -217,6 +217,7 @@ bool 十进制开平方(Decimal96 A, Decimal96& r) {
 struct 根链项 {
     Decimal96 根;
     bool 迭代 = false;
+    bool 是一 = false;   // the root is exactly 1: the rounds stop there
 };
 // e to 28 places: 2.7182818284590452353602874714, the decimal of the
 // evaluator's constant text (27182818284590452353602874714 = 0x57D519AB_EBECDE35_857AED5A).
@@ -224,17 +225,19 @@ constexpr Decimal96 k自然常数 = Decimal96::fromParts(0x857AED5Au, 0xEBECDE35
 
 // Root k (1-based) of the chain of e, or false when the chain cannot give it
 // (a decimal fault, never seen for e; the caller then takes the root itself).
-bool 自然常数根(int k, Decimal96& out) {
+bool 自然常数根(int k, Decimal96& out, bool& 是一) {
     static std::vector<根链项> 链;
     while (static_cast<int>(链.size()) < k) {
         const Decimal96 前 = 链.empty() ? k自然常数 : 链.back().根;
         根链项 项;
         if (!平方根(前, 项.根, 项.迭代)) return false;
+        项.是一 = 项.根 == k一;
         链.push_back(项);
     }
     const 根链项& 项 = 链[static_cast<std::size_t>(k - 1)];
     if (项.迭代) 降为二十八位();
     out = 项.根;
+    是一 = 项.是一;
     return true;
 }
 
@@ -301,15 +304,18 @@ enum class 结局 { 成, 转双精度, 失败 };
                 // As 开平方(数值(P)) read back: a failed root reports and
                 // stands as 1, which ends the rounds.
                 Decimal96 根;
-                if (底为e && 自然常数根(轮 + 1, 根)) {
+                bool 到一 = false;
+                if (底为e && 自然常数根(轮 + 1, 根, 到一)) {
                     P = 根;
                 } else if (十进制开平方(P, 根)) {
                     P = 根;
+                    到一 = P == k一;
                 } else {
                     开平方失败(数值(P));
                     P = k一;
+                    到一 = true;
                 }
-                if (P == k一) break;
+                if (到一) break;
                 if (!(余 < Q)) {
                     if (Decimal96::sub(余, Q, 余) != 状态::Ok) return false;
                     if (Decimal96::mul(P, R, R) != 状态::Ok) return false;
