@@ -213,7 +213,8 @@ bool 十进制开平方(Decimal96 A, Decimal96& r) {
 // powers). The roots are the very ones the loop below would compute, by the
 // same procedure, made once on first need and kept; `迭代` records whether
 // the procedure iterated for a root, so that the lowering of the reachable
-// digits happens exactly as if the root were taken afresh.
+// digits happens exactly as if the root were taken afresh. Like the shared
+// state block, the chain belongs to the one thread that calculates.
 struct 根链项 {
     Decimal96 根;
     bool 迭代 = false;
