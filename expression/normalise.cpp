@@ -4,6 +4,7 @@
 
 #include "expression/evaluator.h"
 #include "expression/functions.h"
+#include "expression/replace_table.h"
 #include "expression/validate.h"
 #include "numeric/decimal.h"
 #include "numeric/guarded.h"
@@ -16,10 +17,8 @@
 
 namespace {
 
-struct 替换项 {
-    std::u16string_view 原;
-    std::u16string_view 新;
-};
+using 替换项 = 替换表::项;
+using 替换表::依表替换;
 
 // ---------------------------------------------------------------------------
 // The character table of 算式字符规整, rows 1..23 before the full-width
@@ -103,17 +102,7 @@ static_assert(std::size(数字表) == 30);
 constexpr char16_t 全角偏移 = u'Ａ' - u'A';
 static_assert(全角偏移 == u'ａ' - u'a' && u'Ｚ' - u'Ａ' == 25);
 
-inline QString 视图文本(std::u16string_view v) {
-    return QString(reinterpret_cast<const QChar*>(v.data()), static_cast<qsizetype>(v.size()));
-}
 
-template <std::size_t N>
-void 依表替换(QString& t, const 替换项 (&表)[N]) {
-    for (const auto& e : 表) {
-        const QString 原 = 视图文本(e.原);
-        if (t.contains(原)) t.replace(原, 视图文本(e.新), Qt::CaseSensitive);
-    }
-}
 
 // Full-width letters to Latin, capital first, letter by letter.
 void 全角字母转半角(QString& t) {
@@ -135,29 +124,28 @@ QString 去空格(const QString& s) {
 // 算式结构规整's character classes.
 
 // What an expression may hold at all; anything else vanishes silently.
-const QString 算式字符集 = QStringLiteral(
-    "-0.1234567Ee89()ΠΕπε!%‰^*/\\+-ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
+const 替换表::字符类 算式字符集(u"-0.1234567Ee89()ΠΕπε!%‰^*/\\+-ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
 // Besides Latin letters: what may end, and what may begin, an expression.
-const QString 结尾字符集 = QStringLiteral("0123456789)!%‰ΠΕπε");
-const QString 开头字符集 = QStringLiteral("0123456789-.(ΠΕπε");
+const 替换表::字符类 结尾字符集(u"0123456789)!%‰ΠΕπε");
+const 替换表::字符类 开头字符集(u"0123456789-.(ΠΕπε");
 // A point stands only behind one of these and ahead of a digit.
-const QString 点前字符集 = QStringLiteral(" 0123456789()^*/\\+-");
+const 替换表::字符类 点前字符集(u" 0123456789()^*/\\+-");
 
 // Names are checked against the evaluator's name table (名称表中有 in
 // functions.h): a plain text search for "name;", as loose as it looks.
 
 // Allowed neighbours of a name; anything else gets a "*" between.
-const QString E前字符集 = QStringLiteral(" 0123456789 ^*/\\+-(");   // 2E3 stays an exponent
-const QString 名前字符集 = QStringLiteral(" ^*/\\+-(");
-const QString E后字符集 = QStringLiteral(" 0123456789 ^*/\\+-)");
-const QString 函数后字符集 = QStringLiteral(" ^*/\\+-!%‰(.0123456789");  // a function takes a number or bracket
-const QString 变量后字符集 = QStringLiteral(" ^*/\\+-!%‰)");
+const 替换表::字符类 E前字符集(u" 0123456789 ^*/\\+-(");   // 2E3 stays an exponent
+const 替换表::字符类 名前字符集(u" ^*/\\+-(");
+const 替换表::字符类 E后字符集(u" 0123456789 ^*/\\+-)");
+const 替换表::字符类 函数后字符集(u" ^*/\\+-!%‰(.0123456789");  // a function takes a number or bracket
+const 替换表::字符类 变量后字符集(u" ^*/\\+-!%‰)");
 
 // Closers and openers for the stars between them.
-const QString 闭合字符集 = QStringLiteral("!)%‰ΠΕ");
-const QString 闭合后字符集 = QStringLiteral("0123456789.(ΠΕ");
-const QString 开启前字符集 = QStringLiteral("0123456789%‰!)ΠΕ");
-const QString 开启字符集 = QStringLiteral("(ΠΕ");
+const 替换表::字符类 闭合字符集(u"!)%‰ΠΕ");
+const 替换表::字符类 闭合后字符集(u"0123456789.(ΠΕ");
+const 替换表::字符类 开启前字符集(u"0123456789%‰!)ΠΕ");
+const 替换表::字符类 开启字符集(u"(ΠΕ");
 
 const QString 零 = QStringLiteral("0");
 
@@ -390,7 +378,7 @@ QString 算式结构规整(const QString& 文本) {
             return;
         }
         const QChar 前 = i > 1 ? txt::at(t, i - 1) : QChar(u' ');
-        const QString& 集 = (w == u"E") ? E前字符集 : 名前字符集;
+        const 替换表::字符类& 集 = (w == u"E") ? E前字符集 : 名前字符集;
         if (!集.contains(前)) s += u'*';
         s += w;
     });
@@ -398,7 +386,7 @@ QString 算式结构规整(const QString& 文本) {
     // 8. Stars behind names. The end of the text counts as a blank.
     t = 逐名改写(t, [&](QString& s, const QString& w, int i, int 长) {
         const QChar 后 = i + 长 <= txt::len(t) ? txt::at(t, i + 长) : QChar(u' ');
-        const QString& 集 = (w == u"E") ? E后字符集 : (长 > 1 ? 函数后字符集 : 变量后字符集);
+        const 替换表::字符类& 集 = (w == u"E") ? E后字符集 : (长 > 1 ? 函数后字符集 : 变量后字符集);
         s += w;
         if (!集.contains(后)) s += u'*';
     });
@@ -415,7 +403,7 @@ QString 算式结构规整(const QString& 文本) {
     }
 
     // 11. ")(" and the blanks.
-    t.replace(QStringLiteral(")("), QStringLiteral(")*("));
+    替换表::全部替换(t, u")(", u")*(");
     t = txt::trim(t);
     return t.isEmpty() ? 零 : t;
 }

@@ -3,6 +3,7 @@
 #include "expression/validate.h"
 
 #include "expression/evaluator.h"
+#include "expression/replace_table.h"
 #include "numeric/guarded.h"
 #include "numeric/text.h"
 #include "shell/interaction.h"
@@ -15,44 +16,8 @@
 
 namespace {
 
-struct 替换项 {
-    std::u16string_view 原;
-    std::u16string_view 新;
-};
-
-// The ASCII characters a text may hold: a pattern with an ASCII character
-// the text lacks cannot occur in it, which spares the scan. Any other
-// character counts as present. Kept as a superset while replacing.
-struct 字符集 {
-    std::uint64_t 位[2] = {0, 0};
-    void 加(char16_t c) {
-        if (c < 128) 位[c >> 6] |= std::uint64_t{1} << (c & 63);
-    }
-    void 加(std::u16string_view s) {
-        for (char16_t c : s) 加(c);
-    }
-    bool 或有(std::u16string_view s) const {
-        for (char16_t c : s)
-            if (c < 128 && ((位[c >> 6] >> (c & 63)) & 1) == 0) return false;
-        return true;
-    }
-};
-
-template <std::size_t N>
-void 依表替换(QString& t, const 替换项 (&表)[N]) {
-    字符集 有;
-    有.加(std::u16string_view(reinterpret_cast<const char16_t*>(t.utf16()), static_cast<std::size_t>(t.size())));
-    for (const auto& e : 表) {
-        if (!有.或有(e.原)) continue;
-        const QStringView 原(e.原.data(), static_cast<qsizetype>(e.原.size()));
-        if (t.contains(原)) {
-            t.replace(reinterpret_cast<const QChar*>(e.原.data()), static_cast<qsizetype>(e.原.size()),
-                      reinterpret_cast<const QChar*>(e.新.data()), static_cast<qsizetype>(e.新.size()),
-                      Qt::CaseSensitive);
-            有.加(e.新);
-        }
-    }
-}
+using 替换项 = 替换表::项;
+using 替换表::依表替换;
 
 // ---- Two-character operator pairs --------------------------------------------
 // Every pattern of the operator tables below is two characters of 运算字符.
@@ -168,9 +133,9 @@ static_assert(全是运算对(运算符修复表));
 
 // ---------------------------------------------------------------------------
 // 检查运算符相邻's neighbour classes.
-const QString 后禁字符集 = QStringLiteral("/*^\\)!%‰");   // what may not follow an opener, sign or binary operator
-const QString 前禁字符集 = QStringLiteral("-+*/^\\(");    // what may not precede a closer, postfix or binary operator
-const QString 阶乘前禁字符集 = QStringLiteral("+!-*/^\\(");
+const 替换表::字符类 后禁字符集(u"/*^\\)!%‰");   // what may not follow an opener, sign or binary operator
+const 替换表::字符类 前禁字符集(u"-+*/^\\(");    // what may not precede a closer, postfix or binary operator
+const 替换表::字符类 阶乘前禁字符集(u"+!-*/^\\(");
 
 const QString 相邻错误消息 = QStringLiteral(" 算式中存在多个运算符相临的错误，请修改算式！！！");
 const QString 括号顺序消息 = QStringLiteral(" 算式中--括号顺序--错误,请修改。");
@@ -241,7 +206,7 @@ QString 括号检查(const QString& p) {
 
 // ---------------------------------------------------------------------------
 // 算式显示形式.
-const QString 留空运算符 = QStringLiteral("-+*/\\^=");
+const 替换表::字符类 留空运算符(u"-+*/\\^=");
 
 constexpr 替换项 符号收拢表[] = {
     {u"+ - ", u"+ -"}, {u"- - ", u"- -"}, {u"* - ", u"* -"}, {u"/ - ", u"/ -"},
@@ -360,7 +325,7 @@ QString 算式显示形式(const QString& 文本) {
             s += c;
         }
     }
-    s.replace(QStringLiteral("  "), QStringLiteral(" "));
+    替换表::全部替换(s, u"  ", u" ");
     依表替换(s, 符号收拢表);
     依表替换(s, 函数显示表);
     依表替换(s, 指数收拢表);
