@@ -112,13 +112,7 @@ void 全角字母转半角(QString& t) {
     }
 }
 
-QString 去空格(const QString& s) {
-    QString t;
-    t.reserve(s.size());
-    for (QChar c : s)
-        if (c != u' ' && c != u'\u3000') t += c;
-    return t;
-}
+using 替换表::去空格;
 
 // ---------------------------------------------------------------------------
 // 算式结构规整's character classes.

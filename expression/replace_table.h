@@ -108,6 +108,23 @@ inline bool 全部替换(QString& t, std::u16string_view 原, std::u16string_vie
     return true;
 }
 
+// s without its blanks (U+0020 and the ideographic U+3000); s itself, shared,
+// when it has none.
+inline QString 去空格(const QString& s) {
+    const QChar* p = s.constData();
+    const qsizetype n = s.size();
+    qsizetype i = 0;
+    while (i < n && p[i] != u' ' && p[i] != u'\u3000') ++i;
+    if (i == n) return s;
+    QString t(n, Qt::Uninitialized);
+    QChar* d = t.data();
+    qsizetype k = 0;
+    for (qsizetype j = 0; j < n; ++j)
+        if (p[j] != u' ' && p[j] != u'\u3000') d[k++] = p[j];
+    t.truncate(k);
+    return t;
+}
+
 // Applies the table to t in order (see above).
 template <std::size_t N>
 void 依表替换(QString& t, const 项 (&表)[N]) {

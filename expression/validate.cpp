@@ -79,13 +79,7 @@ void 依运算对表替换(QString& t, const 替换项 (&表)[N]) {
     }
 }
 
-QString 去空格(const QString& s) {
-    QString t;
-    t.reserve(s.size());
-    for (QChar c : s)
-        if (c != u' ' && c != u'\u3000') t += c;
-    return t;
-}
+using 替换表::去空格;
 
 const QString 零 = QStringLiteral("0");
 const QString 算式错误 = QStringLiteral("算式错误");
@@ -337,16 +331,20 @@ QString 算式显示形式(const QString& 文本) {
     QString t = 去空格(文本);
     if (t.isEmpty()) return 零;
     t = t.toUpper();
-    QString s;
-    s.reserve(t.size() * 2);
-    for (QChar c : t) {
-        if (留空运算符.contains(c)) {
-            s += u' ';
-            s += c;
-            s += u' ';
-        } else {
-            s += c;
+    QString s(t.size() * 3, Qt::Uninitialized);
+    {
+        QChar* d = s.data();
+        qsizetype k = 0;
+        for (QChar c : std::as_const(t)) {
+            if (留空运算符.contains(c)) {
+                d[k++] = u' ';
+                d[k++] = c;
+                d[k++] = u' ';
+            } else {
+                d[k++] = c;
+            }
         }
+        s.truncate(k);
     }
     替换表::全部替换(s, u"  ", u" ");
     依表替换(s, 符号收拢表);
