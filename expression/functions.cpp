@@ -187,7 +187,11 @@ bool 计算函数(const QString& 名称, const 数值& 参数, 数值& out) {
 }  // namespace
 
 bool 名称表中有(const QString& w) {
-    return txt::instr(名称表文本, w + QStringLiteral(";")) > 0;
+    // w followed by ";" anywhere in the table text, searched in place.
+    const QStringView 表(名称表文本);
+    for (qsizetype at = 表.indexOf(w); at >= 0; at = 表.indexOf(w, at + 1))
+        if (at + w.size() < 表.size() && 表[at + w.size()] == u';') return true;
+    return false;
 }
 
 bool 是函数名(const QString& w) {

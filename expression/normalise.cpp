@@ -300,10 +300,12 @@ QString 逐名改写(const QString& t, F 名处理) {
     const int n = txt::len(t);
     int i = 1;
     while (i <= n) {
-        const QChar c = txt::at(t, i);
-        if (!txt::isAsciiLetter(c)) {
-            s += c;
-            ++i;
+        if (!txt::isAsciiLetter(txt::at(t, i))) {
+            // The run up to the next letter goes over in one piece.
+            int e = i + 1;
+            while (e <= n && !txt::isAsciiLetter(txt::at(t, e))) ++e;
+            s += txt::mid(t, i, e - i);
+            i = e;
             continue;
         }
         const QString w = 取字母串(t, i);
