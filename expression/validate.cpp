@@ -84,27 +84,6 @@ using 替换表::去空格;
 const QString 零 = QStringLiteral("0");
 const QString 算式错误 = QStringLiteral("算式错误");
 
-// A number text that reads back as itself through the decimal: no sign, an
-// integer part "0" or up to 14 digits without a leading zero, and at most a
-// 14-digit fraction that does not end in 0 (so the decimal holds it exactly
-// and prints it digit for digit). Such numbers, the usual ones, skip the
-// round trip.
-bool 是规范短数(const QString& x) {
-    const qsizetype n = x.size();
-    if (n == 0) return false;
-    const QChar* p = x.constData();
-    qsizetype i = 0;
-    while (i < n && txt::isAsciiDigit(p[i])) ++i;
-    const qsizetype 整数位 = i;
-    if (整数位 == 0 || 整数位 > 14 || (整数位 > 1 && p[0] == u'0')) return false;
-    if (i == n) return true;
-    if (p[i] != u'.') return false;
-    ++i;
-    const qsizetype 小数起 = i;
-    while (i < n && txt::isAsciiDigit(p[i])) ++i;
-    const qsizetype 小数位 = i - 小数起;
-    return i == n && 小数位 >= 1 && 小数位 <= 14 && p[n - 1] != u'0';
-}
 
 // ---------------------------------------------------------------------------
 // 修复相邻运算符: the doubles, applied twice.
@@ -293,7 +272,7 @@ QString 算式数字规范(const QString& 文本) {
             continue;
         }
         const QString x = 向后取数字(t, i);
-        if (是规范短数(x)) s += x;
+        if (txt::isShortPlainNumber(x)) s += x;   // reads back as itself
         else s += txt::trim(Hvt数转数(数值(x)).文本());
         i += std::max(1, txt::len(x));  // a reader that read nothing still moves on
     }

@@ -95,6 +95,26 @@ constexpr double k十进制上界 = 7.92281625142642E+28;
 constexpr double k十进制下界 = 1E-28;
 
 转换结果 数转数核心(const 数值& x, 数值& out) {
+    // Two common cases settle early, with the outcome the general road
+    // below reaches: a decimal whose double lies in the decimal's range
+    // stays itself (its digits, fewer than 15 or not, never lose to the
+    // double's text, which repeats them); a short plain number text is the
+    // decimal it reads as (exact, and within the range).
+    if (公共.高精度开关) {
+        if (x.是十进制()) {
+            const double d = x.十进制值().toDouble();
+            if (d == 0.0 || (d > -k十进制上界 && d <= -k十进制下界) || (d >= k十进制下界 && d < k十进制上界)) {
+                out = x;
+                return 转换结果::十进制;
+            }
+        } else if (x.是文本() && txt::isShortPlainNumber(x.文本值(), true)) {
+            Decimal96 r;
+            if (Decimal96::fromText(x.文本值(), r) == Decimal96::Status::Ok) {
+                out = 数值(r);
+                return 转换结果::十进制;
+            }
+        }
+    }
     const 数值 v = 修剪值(x);
     if (v.是空()) {
         out = 数值(Decimal96());

@@ -83,4 +83,28 @@ inline bool isAsciiLetter(QChar c) {
     return (u >= u'A' && u <= u'Z') || (u >= u'a' && u <= u'z');
 }
 
+// A plain short number: an optional "-" (only when 可带负号), an integer
+// part "0" or 1..14 digits without a leading zero, and at most a fraction
+// of 1..14 digits that does not end in 0. Such a text is held exactly by
+// the 96-bit decimal and by its nearest double to 15 digits, and the
+// decimal prints it back digit for digit; the number readers use that to
+// skip their general road.
+inline bool isShortPlainNumber(const QString& x, bool 可带负号 = false) {
+    const qsizetype n = x.size();
+    const QChar* p = x.constData();
+    qsizetype i = 0;
+    if (可带负号 && n > 0 && p[0] == u'-') ++i;
+    const qsizetype 起 = i;
+    while (i < n && isAsciiDigit(p[i])) ++i;
+    const qsizetype 整数位 = i - 起;
+    if (整数位 == 0 || 整数位 > 14 || (整数位 > 1 && p[起] == u'0')) return false;
+    if (i == n) return true;
+    if (p[i] != u'.') return false;
+    ++i;
+    const qsizetype 小数起 = i;
+    while (i < n && isAsciiDigit(p[i])) ++i;
+    const qsizetype 小数位 = i - 小数起;
+    return i == n && 小数位 >= 1 && 小数位 <= 14 && p[n - 1] != u'0';
+}
+
 }  // namespace txt
