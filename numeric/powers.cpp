@@ -226,7 +226,7 @@ constexpr Decimal96 k自然常数 = Decimal96::fromParts(0x857AED5Au, 0xEBECDE35
 
 // Root k (1-based) of the chain of e, or false when the chain cannot give it
 // (a decimal fault, never seen for e; the caller then takes the root itself).
-bool 自然常数根(int k, Decimal96& out, bool& 是一) {
+bool 自然常数根(int k, Decimal96& out, bool& 是一, bool& 迭代) {
     static std::vector<根链项> 链;
     while (static_cast<int>(链.size()) < k) {
         const Decimal96 前 = 链.empty() ? k自然常数 : 链.back().根;
@@ -239,7 +239,27 @@ bool 自然常数根(int k, Decimal96& out, bool& 是一) {
     if (项.迭代) 降为二十八位();
     out = 项.根;
     是一 = 项.是一;
+    迭代 = 项.迭代;
     return true;
+}
+
+// The last power of e taken through the chain: e^|y| for the exponent
+// magnitude 指数 (as a decimal, scale included). A hyperbolic function
+// takes e^x and e^-x, which both come to this same product before the
+// latter's division; the second is read from here. 降 says whether a root
+// of the walk was iterated, so that the reachable digits fall as they
+// would.
+struct 上次e幂 {
+    bool 有 = false;
+    Decimal96 指数;
+    Decimal96 R;
+    bool 降 = false;
+};
+上次e幂 e幂缓存;
+
+bool 同一十进制(const Decimal96& a, const Decimal96& b) {
+    return a.scale() == b.scale() && a.negative() == b.negative() && a.lo() == b.lo() && a.mid() == b.mid() &&
+           a.hi() == b.hi();
 }
 
 数值 开平方失败(const 数值& x) {
@@ -296,22 +316,31 @@ enum class 结局 { 成, 转双精度, 失败 };
         const 大整数 I = (static_cast<大整数>(整.hi()) << 64) | (static_cast<大整数>(整.mid()) << 32) | 整.lo();
 
         auto 求幂 = [&](const Decimal96& 底, Decimal96& R) -> bool {
+            const bool 底为e = 同一十进制(底, k自然常数);
+            if (底为e && e幂缓存.有 && 同一十进制(e幂缓存.指数, C)) {
+                R = e幂缓存.R;
+                if (e幂缓存.降) 降为二十八位();
+                return true;
+            }
             if (!整数幂(底, I, R)) return false;
             if (F.isZero() || !(k零 < F)) return true;
             Decimal96 P = 底, Q = k一, 余 = F;
-            const bool 底为e = 底 == k自然常数 && 底.scale() == k自然常数.scale();
+            bool 全在链上 = 底为e, 有迭代 = false;
             for (int 轮 = 0; 轮 < 93; ++轮) {
                 if (Decimal96::mul(Q, k半, Q) != 状态::Ok) return false;
                 // As 开平方(数值(P)) read back: a failed root reports and
                 // stands as 1, which ends the rounds.
                 Decimal96 根;
-                bool 到一 = false;
-                if (底为e && 自然常数根(轮 + 1, 根, 到一)) {
+                bool 到一 = false, 迭代 = false;
+                if (底为e && 自然常数根(轮 + 1, 根, 到一, 迭代)) {
                     P = 根;
+                    有迭代 = 有迭代 || 迭代;
                 } else if (十进制开平方(P, 根)) {
+                    全在链上 = false;
                     P = 根;
                     到一 = P == k一;
                 } else {
+                    全在链上 = false;
                     开平方失败(数值(P));
                     P = k一;
                     到一 = true;
@@ -323,6 +352,7 @@ enum class 结局 { 成, 转双精度, 失败 };
                     if (余.isZero()) break;
                 }
             }
+            if (全在链上) e幂缓存 = {true, C, R, 有迭代};
             return true;
         };
 
