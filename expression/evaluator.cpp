@@ -140,12 +140,15 @@ QString 取变量值(const QString& c) {
 
 QString 向前取数字(const QString& s, int p) {
     if (p > txt::len(s)) p = txt::len(s);
-    const QString l = txt::left(s, p);
-    if (p < 1) {
-        读数失败(l, 消息无数字, QStringLiteral("  进行[向前取数字]运算时， "),
+    // The text up to p is only built for a failure (a copy per operand would
+    // make long expressions quadratic).
+    auto 失败 = [&](const QString& 细节) {
+        const QString l = txt::left(s, p);
+        读数失败(l, 细节, QStringLiteral("  进行[向前取数字]运算时， "),
                  QStringLiteral(" 数值超出计算范围，我无法计算！返回错误信息。"));
         return l;
-    }
+    };
+    if (p < 1) return 失败(消息无数字);
     int 点 = 0, 数字 = 0, 符号 = 0, e数 = 0;
     int 起点 = 1;
     for (int i = p; i >= 1; --i) {
@@ -174,18 +177,15 @@ QString 向前取数字(const QString& s, int p) {
     else if (数字 == 0) 细节 = 消息无数字;
     else if (符号 >= 3) 细节 = 消息太多正负号;
     else if (e数 > 1) 细节 = 消息多个E;
-    if (!细节.isEmpty()) {
-        读数失败(l, 细节, QStringLiteral("  进行[向前取数字]运算时， "),
-                 QStringLiteral(" 数值超出计算范围，我无法计算！返回错误信息。"));
-        return l;
-    }
-    return txt::mid(l, 起点, p - 起点 + 1);
+    if (!细节.isEmpty()) return 失败(细节);
+    return txt::mid(s, 起点, p - 起点 + 1);
 }
 
 QString 向后取数字(const QString& s, int p) {
     if (p > txt::len(s)) p = txt::len(s);
-    const QString r = txt::mid(s, p);
+    // The text from p on is only built for a failure (see 向前取数字).
     auto 失败 = [&](const QString& 细节) {
+        const QString r = txt::mid(s, p);
         读数失败(r, 细节, QStringLiteral("  进行[向后取数字]运算时， "),
                  QStringLiteral(" 数值超出计算范围，我无法计算！返回错误数值。"));
         return r;
@@ -193,9 +193,9 @@ QString 向后取数字(const QString& s, int p) {
     if (p < 1) return 失败(消息无数字);
     int 点 = 0, 数字 = 0, 符号 = 0, e数 = 0;
     int 末 = 0;
-    const int n = txt::len(r);
+    const int n = txt::len(s) - p + 1;   // the units from p on
     for (int i = 1; i <= n; ++i) {
-        const QChar c = txt::at(r, i);
+        const QChar c = txt::at(s, p + i - 1);
         if (c == u' ' && 数字 == 0) { 末 = i; continue; }
         if (是符号(c) && 数字 > 0) { 末 = i - 1; break; }
         if (c == u'.') {
@@ -219,7 +219,7 @@ QString 向后取数字(const QString& s, int p) {
     if (数字 < 1) return 失败(消息无数字);
     if (符号 >= 2) return 失败(消息太多正负号);
     if (e数 > 1) return 失败(消息多个E);
-    return 末 < 1 ? QString() : txt::left(r, 末);
+    return 末 < 1 ? QString() : txt::mid(s, p, 末);
 }
 
 // ---------------------------------------------------------------------------
