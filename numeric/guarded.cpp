@@ -94,12 +94,33 @@ static int 双精度文本有效位数(double d) {
 constexpr double k十进制上界 = 7.92281625142642E+28;
 constexpr double k十进制下界 = 1E-28;
 
+// A number text the decimal holds exactly and within its range whatever
+// its digits: an optional "-", 1..14 integer digits, an optional point with
+// 1..28 fraction digits, 28 digits at most in all (leading and trailing
+// zeros included).
+static bool 是直读数字(const QString& x) {
+    const qsizetype n = x.size();
+    const QChar* p = x.constData();
+    qsizetype i = (n > 0 && p[0] == u'-') ? 1 : 0;
+    const qsizetype 起 = i;
+    while (i < n && txt::isAsciiDigit(p[i])) ++i;
+    const qsizetype 整数位 = i - 起;
+    if (整数位 < 1 || 整数位 > 14) return false;
+    if (i == n) return true;
+    if (p[i] != u'.') return false;
+    const qsizetype 小数起 = ++i;
+    while (i < n && txt::isAsciiDigit(p[i])) ++i;
+    const qsizetype 小数位 = i - 小数起;
+    return i == n && 小数位 >= 1 && 整数位 + 小数位 <= 28;
+}
+
 转换结果 数转数核心(const 数值& x, 数值& out) {
     // Two common cases settle early, with the outcome the general road
     // below reaches: a decimal whose double lies in the decimal's range
     // stays itself (its digits, fewer than 15 or not, never lose to the
     // double's text, which repeats them); a short plain number text is the
-    // decimal it reads as (exact, and within the range).
+    // decimal it reads as (exact, and within the range), its digits again
+    // never losing to the double's.
     if (公共.高精度开关) {
         if (x.是十进制()) {
             const double d = x.十进制值().toDouble();
@@ -107,7 +128,7 @@ constexpr double k十进制下界 = 1E-28;
                 out = x;
                 return 转换结果::十进制;
             }
-        } else if (x.是文本() && txt::isShortPlainNumber(x.文本值(), true)) {
+        } else if (x.是文本() && 是直读数字(x.文本值())) {
             Decimal96 r;
             if (Decimal96::fromText(x.文本值(), r) == Decimal96::Status::Ok) {
                 out = 数值(r);
