@@ -117,8 +117,14 @@ TEST_F(e幂, 倒数与单独计算一致) {
         清除计算状态();
         const std::string 正 = 述(乘方(e, T(y)));
         清除计算状态();
-        EXPECT_EQ(述(乘方(e, T(负.c_str()))), 单独) << y;
+        const 数值 后算 = 乘方(e, T(负.c_str()));
+        EXPECT_EQ(述(后算), 单独) << y;
         EXPECT_EQ(公共.可达有效位数, 单独位数) << y;
+        // And each is the power it names: e^y · e^-y = 1.
+        double 正值 = 0, 负值 = 0;
+        ASSERT_TRUE(转双精度(乘方(e, T(y)), 正值) && 转双精度(后算, 负值));
+        EXPECT_NEAR(正值 / std::exp(std::atof(y)), 1.0, 1e-13) << y;
+        EXPECT_NEAR(正值 * 负值, 1.0, 1e-13) << y;
         EXPECT_NE(正, 单独);
     }
 }
