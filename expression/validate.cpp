@@ -285,6 +285,45 @@ qsizetype 数字长度(const char16_t* q, qsizetype m) {
     return 末;
 }
 
+// A plain number (digits with at most one point, at most 20 units) lies well
+// inside the decimal's range and holds at most 20 digits, so with the decimal
+// switch on Hvt数转数 keeps it as the decimal it reads, which reports and
+// counts nothing, and whose text is the digits without leading zeros and
+// without the fraction's trailing zeros, "0." ahead of a fraction alone, "0"
+// for zero. That text is appended to `s` here; false when q[0, n) is no such
+// number, and then nothing is appended.
+constexpr qsizetype 平常数字最长 = 20;
+
+bool 平常数字文本(const char16_t* q, qsizetype n, QString& s) {
+    if (n > 平常数字最长 || !公共.高精度开关) return false;
+    qsizetype 点 = -1;
+    for (qsizetype i = 0; i < n; ++i) {
+        if (q[i] == u'.') {
+            if (点 >= 0) return false;
+            点 = i;
+        } else if (!txt::isAsciiDigit(q[i])) {
+            return false;
+        }
+    }
+    qsizetype 整止 = 点 >= 0 ? 点 : n;  // integer part q[整起, 整止)
+    qsizetype 整起 = 0;
+    qsizetype 小起 = 点 >= 0 ? 点 + 1 : n, 小止 = n;  // fraction q[小起, 小止)
+    if (整止 == 0 && 小止 == 小起) return false;     // no digit at all
+    while (整起 < 整止 && q[整起] == u'0') ++整起;
+    while (小止 > 小起 && q[小止 - 1] == u'0') --小止;
+    if (整起 == 整止 && 小起 == 小止) {
+        s += u'0';
+        return true;
+    }
+    if (整起 == 整止) s += u'0';
+    else s.append(QStringView(q + 整起, 整止 - 整起));
+    if (小止 > 小起) {
+        s += u'.';
+        s.append(QStringView(q + 小起, 小止 - 小起));
+    }
+    return true;
+}
+
 // ---------------------------------------------------------------------------
 // 算式显示形式.
 constexpr txt::CharSet 留空运算符(u"-+*/\\^=");
@@ -461,7 +500,8 @@ QString 算式数字规范(const QString& 文本) {
             i += std::max<qsizetype>(1, x.size());
             continue;
         }
-        s += txt::trim(Hvt数转数(数值(QString(reinterpret_cast<const QChar*>(p + i), 长))).文本());
+        if (!平常数字文本(p + i, 长, s))
+            s += txt::trim(Hvt数转数(数值(QString(reinterpret_cast<const QChar*>(p + i), 长))).文本());
         i += std::max<qsizetype>(1, 长);  // a reader that read nothing still moves on
     }
     return s;
