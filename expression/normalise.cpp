@@ -506,8 +506,9 @@ namespace {
 bool 大写过滤(const QString& 文本, std::u16string& out) {
     const char16_t* p = reinterpret_cast<const char16_t*>(文本.utf16());
     const qsizetype n = 文本.size();
-    out.clear();
-    out.reserve(static_cast<std::size_t>(n));
+    out.resize(static_cast<std::size_t>(n));
+    char16_t* o = out.data();
+    qsizetype k = 0;
     for (qsizetype i = 0; i < n; ++i) {
         char16_t c = p[i];
         if (c < 128) {
@@ -522,8 +523,9 @@ bool 大写过滤(const QString& 文本, std::u16string& out) {
             if (txt::upperKeeps(c) || (c >= 0xD800 && c <= 0xDFFF)) continue;
             return false;
         }
-        if (算式字符集.contains(c)) out += c;
+        if (算式字符集.contains(c)) o[k++] = c;
     }
+    out.resize(static_cast<std::size_t>(k));
     return true;
 }
 
@@ -559,7 +561,8 @@ QString 算式结构规整(const QString& 文本) {
 
     // 6. Points: one stays only between a digit-side character and a digit.
     //    Ahead of the first and behind the last character stands a blank.
-    a.clear();
+    a.resize(static_cast<std::size_t>(n));
+    qsizetype m = 0;
     for (qsizetype i = 0; i < n; ++i) {
         const char16_t c = p[i];
         if (c == u'.') {
@@ -567,9 +570,10 @@ QString 算式结构规整(const QString& 文本) {
             const char16_t 后 = i + 1 < n ? p[i + 1] : u' ';
             if (!(点前字符集.contains(前) && txt::isAsciiDigit(后))) continue;
         }
-        a += c;
+        a[static_cast<std::size_t>(m++)] = c;
     }
-    if (a.empty()) return 零;
+    if (m == 0) return 零;
+    const char16_t* q = a.data();
 
     // 7, 8. Names: each run of letters is checked against the name table
     //    (an unknown one is reported and kept), and gets a star ahead of it
@@ -577,44 +581,45 @@ QString 算式结构规整(const QString& 文本) {
     //    what stands behind may follow it. The ends of the text count as
     //    blanks. Stars only ever go next to a run, so the neighbours of a run
     //    are the same before and after the stars ahead are in.
-    std::u16string b;
-    b.reserve(a.size() * 2);
-    for (std::size_t i = 0; i < a.size();) {
-        if (!txt::isAsciiLetter(a[i])) {
-            b += a[i++];
+    std::u16string b(static_cast<std::size_t>(3 * m), u'\0');
+    char16_t* o = b.data();
+    for (qsizetype i = 0; i < m;) {
+        if (!txt::isAsciiLetter(q[i])) {
+            *o++ = q[i++];
             continue;
         }
-        std::size_t j = i;
-        while (j < a.size() && txt::isAsciiLetter(a[j])) ++j;
-        const std::u16string_view w(a.data() + i, j - i);
-        const bool 是E = w == u"E";
-        if (!名称已知(w.data(), static_cast<qsizetype>(w.size()))) {
-            报告无法识读(QString(reinterpret_cast<const QChar*>(w.data()), static_cast<qsizetype>(w.size())));
+        qsizetype j = i;
+        while (j < m && txt::isAsciiLetter(q[j])) ++j;
+        const qsizetype 长 = j - i;
+        const bool 是E = 长 == 1 && q[i] == u'E';
+        if (!名称已知(q + i, 长)) {
+            报告无法识读(QString(reinterpret_cast<const QChar*>(q + i), 长));
         } else {
-            const char16_t 前 = i > 0 ? a[i - 1] : u' ';
-            if (!(是E ? E前字符集 : 名前字符集).contains(前)) b += u'*';
+            const char16_t 前 = i > 0 ? q[i - 1] : u' ';
+            if (!(是E ? E前字符集 : 名前字符集).contains(前)) *o++ = u'*';
         }
-        b += w;
-        const char16_t 后 = j < a.size() ? a[j] : u' ';
-        const txt::CharSet& 后集 = 是E ? E后字符集 : (w.size() > 1 ? 函数后字符集 : 变量后字符集);
-        if (!后集.contains(后)) b += u'*';
+        o = std::copy(q + i, q + j, o);
+        const char16_t 后 = j < m ? q[j] : u' ';
+        const txt::CharSet& 后集 = 是E ? E后字符集 : (长 > 1 ? 函数后字符集 : 变量后字符集);
+        if (!后集.contains(后)) *o++ = u'*';
         i = j;
     }
+    const qsizetype 名后长 = o - b.data();
 
     // 9, 10. Stars behind closers (3!2, )2, Π2, Π() and ahead of openers
     //    (2(, 2Π, )Π, !(). A star ahead of an opener is judged by what stood
     //    ahead of it after the first kind were in. This leaves no ")(".
-    QString r(static_cast<qsizetype>(b.size()) * 3, Qt::Uninitialized);
-    char16_t* o = reinterpret_cast<char16_t*>(r.data());
+    QString r(3 * 名后长, Qt::Uninitialized);
+    char16_t* w = reinterpret_cast<char16_t*>(r.data());
     qsizetype k = 0;
     char16_t 前 = u' ';
-    for (std::size_t i = 0; i < b.size(); ++i) {
-        const char16_t c = b[i];
-        if (开启前字符集.contains(前) && 开启字符集.contains(c)) o[k++] = u'*';
-        o[k++] = c;
+    for (qsizetype i = 0; i < 名后长; ++i) {
+        const char16_t c = b[static_cast<std::size_t>(i)];
+        if (开启前字符集.contains(前) && 开启字符集.contains(c)) w[k++] = u'*';
+        w[k++] = c;
         前 = c;
-        if (闭合字符集.contains(c) && i + 1 < b.size() && 闭合后字符集.contains(b[i + 1])) {
-            o[k++] = u'*';
+        if (闭合字符集.contains(c) && i + 1 < 名后长 && 闭合后字符集.contains(b[static_cast<std::size_t>(i + 1)])) {
+            w[k++] = u'*';
             前 = u'*';
         }
     }

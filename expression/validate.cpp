@@ -399,67 +399,76 @@ void 名称显示(std::u16string_view 段, std::u16string& out) {
 // keeps its "(" for the two rows behind it.
 constexpr txt::CharSet 名尾字母(u"cdghnrst");
 
-bool 跟着(const std::u16string& s, std::size_t i, std::u16string_view w) {
-    return s.size() - i >= w.size() && std::u16string_view(s).substr(i, w.size()) == w;
+// Each walk reads s[0, n) and writes to o, which has room for what it may
+// write (at most three units for two read), and gives the count written.
+bool 跟着(const char16_t* s, qsizetype n, qsizetype i, std::u16string_view w) {
+    return n - i >= static_cast<qsizetype>(w.size()) &&
+           std::u16string_view(s + i, w.size()) == w;
 }
 
-void 指数收拢(const std::u16string& s, std::u16string& out) {
-    out.clear();
-    for (std::size_t i = 0; i < s.size();) {
-        if (s[i] == u'E' && (跟着(s, i + 1, u" + ") || 跟着(s, i + 1, u" - "))) {
-            out += u'E';
-            out += s[i + 2];
+qsizetype 指数收拢(const char16_t* s, qsizetype n, char16_t* o) {
+    char16_t* const o0 = o;
+    for (qsizetype i = 0; i < n;) {
+        if (s[i] == u'E' && (跟着(s, n, i + 1, u" + ") || 跟着(s, n, i + 1, u" - "))) {
+            *o++ = u'E';
+            *o++ = s[i + 2];
             i += 4;
         } else {
-            out += s[i++];
+            *o++ = s[i++];
         }
     }
+    return o - o0;
 }
 
-void 函数括号(const std::u16string& s, std::u16string& out) {
-    out.clear();
-    for (std::size_t i = 0; i < s.size();) {
+qsizetype 函数括号(const char16_t* s, qsizetype n, char16_t* o) {
+    char16_t* const o0 = o;
+    for (qsizetype i = 0; i < n;) {
         const char16_t c = s[i];
-        if (名尾字母.contains(c) && i + 1 < s.size() && s[i + 1] == u' ') {
-            if (i + 2 < s.size() && s[i + 2] == u'(') {
-                out += c;
-                out += u'(';
+        *o++ = c;
+        if (名尾字母.contains(c) && i + 1 < n && s[i + 1] == u' ') {
+            if (i + 2 < n && s[i + 2] == u'(') {
+                *o++ = u'(';
                 i += 3;
             } else {
-                out += c;
-                out += u"(0) ";
+                *o++ = u'(';
+                *o++ = u'0';
+                *o++ = u')';
+                *o++ = u' ';
                 i += 2;
             }
         } else {
-            out += c;
             ++i;
         }
     }
+    return o - o0;
 }
 
-void 收尾(const std::u16string& s, std::u16string& out) {
-    out.clear();
-    for (std::size_t i = 0; i < s.size();) {
+qsizetype 收尾(const char16_t* s, qsizetype n, char16_t* o) {
+    char16_t* const o0 = o;
+    for (qsizetype i = 0; i < n;) {
         const char16_t c = s[i];
         if (c == u'Π') {
-            out += u'π';
+            *o++ = u'π';
         } else if (c == u'Ε') {
-            out += u'ε';
-        } else if (c == u')' && i + 1 < s.size() && s[i + 1] == u'(') {
-            out += u")*";
-        } else if (c == u'(' && 跟着(s, i + 1, u" - ")) {
-            out += u"(-";
+            *o++ = u'ε';
+        } else if (c == u')' && i + 1 < n && s[i + 1] == u'(') {
+            *o++ = u')';
+            *o++ = u'*';
+        } else if (c == u'(' && 跟着(s, n, i + 1, u" - ")) {
+            *o++ = u'(';
+            *o++ = u'-';
             i += 4;
             continue;
-        } else if (c == u'(' && 跟着(s, i + 1, u" + ")) {
-            out += u'(';
+        } else if (c == u'(' && 跟着(s, n, i + 1, u" + ")) {
+            *o++ = u'(';
             i += 4;
             continue;
         } else {
-            out += c;
+            *o++ = c;
         }
         ++i;
     }
+    return o - o0;
 }
 
 }  // namespace
@@ -540,19 +549,23 @@ QString 算式显示形式(const QString& 文本) {
 
     // A blank on each side of an operator; two operators side by side share
     // one (what "  " → " " leaves, since the text holds no other blank).
-    QString s;
-    s.reserve(3 * n);
+    QString s(3 * n, Qt::Uninitialized);
+    qsizetype m = 0;
     bool 有收拢 = false;  // an operator of 符号收拢表 right ahead of a "-"
-    for (qsizetype i = 0; i < n; ++i) {
-        const char16_t c = p[i];
-        if (!留空运算符.contains(c)) {
-            s += QChar(c);
-            continue;
+    {
+        char16_t* o = reinterpret_cast<char16_t*>(s.data());
+        for (qsizetype i = 0; i < n; ++i) {
+            const char16_t c = p[i];
+            if (!留空运算符.contains(c)) {
+                o[m++] = c;
+                continue;
+            }
+            if (m == 0 || o[m - 1] != u' ') o[m++] = u' ';
+            o[m++] = c;
+            o[m++] = u' ';
+            if (c == u'-' && i > 0 && 收拢前运算符.contains(p[i - 1])) 有收拢 = true;
         }
-        if (s.isEmpty() || s.back() != u' ') s += u' ';
-        s += QChar(c);
-        s += u' ';
-        if (c == u'-' && i > 0 && 收拢前运算符.contains(p[i - 1])) 有收拢 = true;
+        s.truncate(m);
     }
     // A pattern "+ - " and its kin stand in s exactly where an operator
     // stands right ahead of "-" in t; rare, so done row by row.
@@ -561,35 +574,38 @@ QString 算式显示形式(const QString& 文本) {
             s.replace(reinterpret_cast<const QChar*>(e.原.data()), static_cast<qsizetype>(e.原.size()),
                       reinterpret_cast<const QChar*>(e.新.data()), static_cast<qsizetype>(e.新.size()),
                       Qt::CaseSensitive);
+        m = s.size();
     }
 
     // Names to display case, run of capitals by run.
-    std::u16string a, b;
-    a.reserve(static_cast<std::size_t>(s.size()) + 16);
+    std::u16string a;
+    a.reserve(static_cast<std::size_t>(2 * m));
     {
         const char16_t* q = 单元(s);
-        const qsizetype m = s.size();
         for (qsizetype i = 0; i < m;) {
-            if (q[i] < u'A' || q[i] > u'Z') {
-                a += q[i++];
-                continue;
-            }
             qsizetype j = i;
+            while (j < m && (q[j] < u'A' || q[j] > u'Z')) ++j;
+            a.append(q + i, static_cast<std::size_t>(j - i));
+            i = j;
             while (j < m && q[j] >= u'A' && q[j] <= u'Z') ++j;
-            名称显示(std::u16string_view(q + i, static_cast<std::size_t>(j - i)), a);
+            if (j > i) 名称显示(std::u16string_view(q + i, static_cast<std::size_t>(j - i)), a);
             i = j;
         }
     }
-    b.reserve(a.size() * 2 + 8);
-    指数收拢(a, b);
-    函数括号(b, a);
-    收尾(a, b);
+    // The closing walks, each into the other buffer.
+    const qsizetype 长 = static_cast<qsizetype>(a.size());
+    std::u16string b(static_cast<std::size_t>(3 * 长 + 4), u'\0');
+    qsizetype k = 指数收拢(a.data(), 长, b.data());
+    a.resize(static_cast<std::size_t>(3 * k + 4));
+    k = 函数括号(b.data(), k, a.data());
+    b.resize(static_cast<std::size_t>(2 * k + 4));
+    k = 收尾(a.data(), k, b.data());
 
-    std::size_t 起 = 0, 止 = b.size();
-    while (起 < 止 && b[起] == u' ') ++起;
-    while (止 > 起 && b[止 - 1] == u' ') --止;
+    qsizetype 起 = 0, 止 = k;
+    while (起 < 止 && b[static_cast<std::size_t>(起)] == u' ') ++起;
+    while (止 > 起 && b[static_cast<std::size_t>(止 - 1)] == u' ') --止;
     if (起 == 止) return 零;
-    return QString(reinterpret_cast<const QChar*>(b.data() + 起), static_cast<qsizetype>(止 - 起));
+    return QString(reinterpret_cast<const QChar*>(b.data() + 起), 止 - 起);
 }
 
 QString 表达式规整(const QString& 文本) {
