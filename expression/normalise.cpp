@@ -129,11 +129,9 @@ void 全角字母转半角(QString& t) {
 
 // Blanks and U+3000 removed; the text itself (shared) when it has none.
 QString 去空格(const QString& s) {
+    if (!s.contains(u' ') && !s.contains(QChar(0x3000))) return s;
     const char16_t* p = reinterpret_cast<const char16_t*>(s.utf16());
     const qsizetype n = s.size();
-    qsizetype i = 0;
-    while (i < n && p[i] != u' ' && p[i] != u'\u3000') ++i;
-    if (i == n) return s;
     QString t(n, Qt::Uninitialized);
     char16_t* o = reinterpret_cast<char16_t*>(t.data());
     qsizetype k = 0;

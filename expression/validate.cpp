@@ -101,11 +101,9 @@ inline const char16_t* 单元(const QString& s) { return reinterpret_cast<const 
 
 // Blanks and U+3000 removed; the text itself (shared) when it has none.
 QString 去空格(const QString& s) {
-    const char16_t* p = 单元(s);
+    if (!s.contains(u' ') && !s.contains(QChar(0x3000))) return s;
+    const char16_t* p = reinterpret_cast<const char16_t*>(s.utf16());
     const qsizetype n = s.size();
-    qsizetype i = 0;
-    while (i < n && p[i] != u' ' && p[i] != u'\u3000') ++i;
-    if (i == n) return s;
     QString t(n, Qt::Uninitialized);
     char16_t* o = reinterpret_cast<char16_t*>(t.data());
     qsizetype k = 0;
@@ -549,13 +547,19 @@ QString 算式显示形式(const QString& 文本) {
 
     // A blank on each side of an operator; two operators side by side share
     // one (what "  " → " " leaves, since the text holds no other blank).
+    // On the way, note which of the closing walks can find anything: the
+    // exponent rows need "E" right ahead of "+" or "-", the closing rows a
+    // Π, an Ε, ")(", "(+" or "(-" (the walks between make none of these).
     QString s(3 * n, Qt::Uninitialized);
     qsizetype m = 0;
     bool 有收拢 = false;  // an operator of 符号收拢表 right ahead of a "-"
+    bool 有指数 = false, 有收尾 = false;
     {
         char16_t* o = reinterpret_cast<char16_t*>(s.data());
         for (qsizetype i = 0; i < n; ++i) {
             const char16_t c = p[i];
+            const char16_t 前 = i > 0 ? p[i - 1] : u' ';
+            if (c == u'Π' || c == u'Ε' || (c == u'(' && 前 == u')')) 有收尾 = true;
             if (!留空运算符.contains(c)) {
                 o[m++] = c;
                 continue;
@@ -563,7 +567,11 @@ QString 算式显示形式(const QString& 文本) {
             if (m == 0 || o[m - 1] != u' ') o[m++] = u' ';
             o[m++] = c;
             o[m++] = u' ';
-            if (c == u'-' && i > 0 && 收拢前运算符.contains(p[i - 1])) 有收拢 = true;
+            if (c == u'-' || c == u'+') {
+                if (前 == u'E') 有指数 = true;
+                if (前 == u'(') 有收尾 = true;
+                if (c == u'-' && 收拢前运算符.contains(前)) 有收拢 = true;
+            }
         }
         s.truncate(m);
     }
@@ -577,9 +585,12 @@ QString 算式显示形式(const QString& 文本) {
         m = s.size();
     }
 
-    // Names to display case, run of capitals by run.
+    // Names to display case, run of capitals by run. The bracket rows need
+    // a small c d g h n r s t right ahead of a blank; only a name makes
+    // small letters.
     std::u16string a;
     a.reserve(static_cast<std::size_t>(2 * m));
+    bool 有括号 = false;
     {
         const char16_t* q = 单元(s);
         for (qsizetype i = 0; i < m;) {
@@ -588,18 +599,35 @@ QString 算式显示形式(const QString& 文本) {
             a.append(q + i, static_cast<std::size_t>(j - i));
             i = j;
             while (j < m && q[j] >= u'A' && q[j] <= u'Z') ++j;
-            if (j > i) 名称显示(std::u16string_view(q + i, static_cast<std::size_t>(j - i)), a);
+            if (j == i) continue;
+            const std::size_t 起 = a.size();
+            名称显示(std::u16string_view(q + i, static_cast<std::size_t>(j - i)), a);
+            for (std::size_t x = 起; x < a.size(); ++x) {
+                const char16_t 后 = x + 1 < a.size() ? a[x + 1] : (j < m ? q[j] : u'\0');
+                if (名尾字母.contains(a[x]) && 后 == u' ') 有括号 = true;
+            }
             i = j;
         }
     }
-    // The closing walks, each into the other buffer.
-    const qsizetype 长 = static_cast<qsizetype>(a.size());
-    std::u16string b(static_cast<std::size_t>(3 * 长 + 4), u'\0');
-    qsizetype k = 指数收拢(a.data(), 长, b.data());
-    a.resize(static_cast<std::size_t>(3 * k + 4));
-    k = 函数括号(b.data(), k, a.data());
-    b.resize(static_cast<std::size_t>(2 * k + 4));
-    k = 收尾(a.data(), k, b.data());
+    // The closing walks, each into the other buffer, where they can match.
+    qsizetype k = static_cast<qsizetype>(a.size());
+    std::u16string b;
+    if (有指数) {
+        b.resize(static_cast<std::size_t>(k + 4));
+        k = 指数收拢(a.data(), k, b.data());
+        a.swap(b);
+    }
+    if (有括号) {
+        b.resize(static_cast<std::size_t>(3 * k + 4));
+        k = 函数括号(a.data(), k, b.data());
+        a.swap(b);
+    }
+    if (有收尾) {
+        b.resize(static_cast<std::size_t>(2 * k + 4));
+        k = 收尾(a.data(), k, b.data());
+        a.swap(b);
+    }
+    b = std::move(a);
 
     qsizetype 起 = 0, 止 = k;
     while (起 < 止 && b[static_cast<std::size_t>(起)] == u' ') ++起;
