@@ -59,22 +59,25 @@ inline int 快运算序号(char16_t c) {
     return c < 128 ? 运算序号表[c] : (c == u'‰' ? 9 : -1);
 }
 
+// Which of the 12×12 operator pairs a text holds, a bit each (a * 12 + b).
 struct 运算对集 {
-    bool 有[运算字符数][运算字符数] = {};
-    bool 任何 = false;  // some pair at all
+    std::uint64_t 位[3] = {0, 0, 0};
 
+    constexpr 运算对集() = default;
     explicit 运算对集(const QString& t) {
         const char16_t* p = reinterpret_cast<const char16_t*>(t.utf16());
         const qsizetype n = t.size();
         int 前 = n > 0 ? 快运算序号(p[0]) : -1;
         for (qsizetype i = 1; i < n; ++i) {
             const int 后 = 快运算序号(p[i]);
-            if (前 >= 0 && 后 >= 0) {
-                有[前][后] = true;
-                任何 = true;
-            }
+            if (前 >= 0 && 后 >= 0) 加(前 * 运算字符数 + 后);
             前 = 后;
         }
+    }
+    constexpr void 加(int k) { 位[k >> 6] |= std::uint64_t{1} << (k & 63); }
+    constexpr bool 有(int k) const { return (位[k >> 6] >> (k & 63)) & 1; }
+    constexpr bool 交(const 运算对集& o) const {
+        return (位[0] & o.位[0]) | (位[1] & o.位[1]) | (位[2] & o.位[2]);
     }
 };
 
@@ -85,15 +88,34 @@ constexpr bool 全是运算对(const 替换项 (&表)[N]) {
     return true;
 }
 
-// `对` holds the pairs of `t` on entry and is kept so.
+// A table of operator pairs with the bit of each row and of all of them.
 template <std::size_t N>
-void 依运算对表替换(QString& t, 运算对集& 对, const 替换项 (&表)[N]) {
-    for (const auto& e : 表) {
-        if (!对.有[运算序号(e.原[0])][运算序号(e.原[1])]) continue;
+struct 运算对表 {
+    const 替换项 (&行)[N];
+    std::array<int, N> 位号{};
+    运算对集 全部;
+
+    constexpr explicit 运算对表(const 替换项 (&表)[N]) : 行(表) {
+        for (std::size_t i = 0; i < N; ++i) {
+            位号[i] = 运算序号(表[i].原[0]) * 运算字符数 + 运算序号(表[i].原[1]);
+            全部.加(位号[i]);
+        }
+    }
+};
+
+// The rows in order, each to all occurrences; a row whose pair the text
+// lacks is passed over. `对` holds the pairs of `t` on entry and is kept so.
+template <std::size_t N>
+void 依运算对表替换(QString& t, 运算对集& 对, const 运算对表<N>& 表) {
+    if (!对.交(表.全部)) return;
+    for (std::size_t i = 0; i < N; ++i) {
+        if (!对.有(表.位号[i])) continue;
+        const auto& e = 表.行[i];
         t.replace(reinterpret_cast<const QChar*>(e.原.data()), 2,
                   reinterpret_cast<const QChar*>(e.新.data()), static_cast<qsizetype>(e.新.size()),
                   Qt::CaseSensitive);
         对 = 运算对集(t);
+        if (!对.交(表.全部)) return;
     }
 }
 
@@ -125,6 +147,7 @@ constexpr 替换项 重复符号表[] = {
 };
 static_assert(std::size(重复符号表) == 12);
 static_assert(全是运算对(重复符号表));
+constexpr 运算对表 重复符号对(重复符号表);
 
 // Then, in order: operators behind "(" ("(-" stays, it is a sign); operators
 // ahead of ")"; "()"; a binary operator or point ahead of a postfix one (the
@@ -156,6 +179,7 @@ constexpr 替换项 运算符修复表[] = {
 };
 static_assert(std::size(运算符修复表) == 69);
 static_assert(全是运算对(运算符修复表));
+constexpr 运算对表 运算符修复对(运算符修复表);
 
 // ---------------------------------------------------------------------------
 // 检查运算符相邻's neighbour classes.
@@ -477,10 +501,9 @@ QString 修复相邻运算符(const QString& 文本) {
     QString t = 去空格(文本);
     if (t.isEmpty() || t == 算式错误) return 零;
     运算对集 对(t);
-    if (!对.任何) return t;
-    依运算对表替换(t, 对, 重复符号表);
-    依运算对表替换(t, 对, 重复符号表);
-    依运算对表替换(t, 对, 运算符修复表);
+    依运算对表替换(t, 对, 重复符号对);
+    依运算对表替换(t, 对, 重复符号对);
+    依运算对表替换(t, 对, 运算符修复对);
     return t;
 }
 
