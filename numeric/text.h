@@ -89,13 +89,14 @@ constexpr bool isAsciiDigit(char16_t u) { return u >= u'0' && u <= u'9'; }
 
 // A fixed set of code units for per-character membership tests in the hot
 // text passes: a bit per ASCII unit, and up to eight other units (Π, ‰, …)
-// compared one by one. Built at compile time from the characters it holds.
+// compared one by one. Built at compile time only, from the characters it
+// holds (a ninth other unit does not compile).
 class CharSet {
 public:
-    constexpr CharSet(std::u16string_view s) {
+    consteval CharSet(std::u16string_view s) {
         for (char16_t c : s) {
             if (c < 128) bits_[c >> 6] |= std::uint64_t{1} << (c & 63);
-            else if (!contains(c)) others_[n_++] = c;  // more than eight: does not compile
+            else if (!contains(c)) others_[n_++] = c;
         }
     }
     constexpr bool contains(char16_t c) const {
