@@ -4,7 +4,6 @@
 
 #include "expression/evaluator.h"
 #include "expression/functions.h"
-#include "expression/replace_table.h"
 #include "expression/validate.h"
 #include "numeric/decimal.h"
 #include "numeric/guarded.h"
@@ -12,13 +11,19 @@
 #include "shell/interaction.h"
 #include "shell/state.h"
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
-using 替换项 = 替换表::项;
-using 替换表::依表替换;
+struct 替换项 {
+    std::u16string_view 原;
+    std::u16string_view 新;
+};
 
 // ---------------------------------------------------------------------------
 // The character table of 算式字符规整, rows 1..23 before the full-width
@@ -102,7 +107,17 @@ static_assert(std::size(数字表) == 30);
 constexpr char16_t 全角偏移 = u'Ａ' - u'A';
 static_assert(全角偏移 == u'ａ' - u'a' && u'Ｚ' - u'Ａ' == 25);
 
+inline QString 视图文本(std::u16string_view v) {
+    return QString(reinterpret_cast<const QChar*>(v.data()), static_cast<qsizetype>(v.size()));
+}
 
+template <std::size_t N>
+void 依表替换(QString& t, const 替换项 (&表)[N]) {
+    for (const auto& e : 表) {
+        const QString 原 = 视图文本(e.原);
+        if (t.contains(原)) t.replace(原, 视图文本(e.新), Qt::CaseSensitive);
+    }
+}
 
 // Full-width letters to Latin, capital first, letter by letter.
 void 全角字母转半角(QString& t) {
@@ -112,34 +127,199 @@ void 全角字母转半角(QString& t) {
     }
 }
 
-using 替换表::去空格;
+// Blanks and U+3000 removed; the text itself (shared) when it has none.
+QString 去空格(const QString& s) {
+    if (!s.contains(u' ') && !s.contains(QChar(0x3000))) return s;
+    const char16_t* p = reinterpret_cast<const char16_t*>(s.utf16());
+    const qsizetype n = s.size();
+    QString t(n, Qt::Uninitialized);
+    char16_t* o = reinterpret_cast<char16_t*>(t.data());
+    qsizetype k = 0;
+    for (qsizetype j = 0; j < n; ++j)
+        if (p[j] != u' ' && p[j] != u'\u3000') o[k++] = p[j];
+    t.truncate(k);
+    return t;
+}
+
+// ---------------------------------------------------------------------------
+// 算式字符规整 in one walk. Of the rows above, every one-character source
+// maps to one character, and no row ever makes a character that a later
+// one-character row takes; so each character meets the first row that names
+// it and no other. The longer sources are of four kinds, checked below:
+//   * dead: "求余", "乘以", "除以" hold a character that an earlier row has
+//     taken away, so they never match;
+//   * words: "等于", "小于", "大于" and "PAI", "Pai", "pai", made of
+//     characters no row makes or takes, overlapping nothing, so they match
+//     where they stand in the text without blanks (full-width letters are
+//     made Latin only later, so "ＰＡＩ" stays letters);
+//   * comparisons: "=>", ">=", "=<", "<=" are read on what rows 10 to 12
+//     made; no later row makes or takes = < > ≥ ≤, so they are applied at
+//     the end, in their order, when both "=" and "<" or ">" stand in the text.
+struct 单字项 {
+    char16_t 原;
+    char16_t 新;
+};
+
+template <std::size_t N>
+constexpr bool 前面单字有(const 替换项 (&表)[N], std::size_t 止, char16_t c) {
+    for (std::size_t i = 0; i < 止; ++i)
+        if (表[i].原.size() == 1 && 表[i].原[0] == c) return true;
+    return false;
+}
+
+constexpr bool 是字符表词(std::u16string_view w) {
+    return w == u"等于" || w == u"小于" || w == u"大于" || w == u"PAI" || w == u"Pai" || w == u"pai";
+}
+constexpr bool 是比较对(std::u16string_view w) { return w == u"=>" || w == u">=" || w == u"=<" || w == u"<="; }
+
+constexpr bool 是字母(char16_t c) {
+    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || (c >= u'Ａ' && c <= u'Ｚ') ||
+           (c >= u'ａ' && c <= u'ｚ');
+}
+constexpr bool 是比较符(char16_t c) { return c == u'=' || c == u'<' || c == u'>' || c == u'≥' || c == u'≤'; }
+
+// The shape the walk relies on, row by row.
+constexpr bool 字符表形状成立() {
+    constexpr std::size_t 前 = std::size(字符表前段);
+    // Row i of both tables in order (the full-width letters stand between).
+    auto 行 = [](std::size_t i) -> const 替换项& { return i < 前 ? 字符表前段[i] : 数字表[i - 前]; };
+    constexpr std::size_t 全 = 前 + std::size(数字表);
+    std::size_t 末比较 = 0;
+    for (std::size_t i = 0; i < 全; ++i)
+        if (是比较对(行(i).原)) 末比较 = i;
+    for (std::size_t i = 0; i < 全; ++i) {
+        const auto& e = 行(i);
+        if (e.新.size() != 1) return false;
+        // What a row makes, no later one-character row takes.
+        for (std::size_t j = i + 1; j < 全; ++j)
+            if (行(j).原.size() == 1 && 行(j).原[0] == e.新[0]) return false;
+        // Behind the comparisons, no row makes or takes their characters.
+        if (i > 末比较 && (是比较符(e.新[0]) || (e.原.size() == 1 && 是比较符(e.原[0])))) return false;
+        if (e.原.size() == 1) {
+            if (是字母(e.原[0])) return false;  // letters are only in the words
+            continue;
+        }
+        if (i >= 前) return false;
+        if (是比较对(e.原)) continue;
+        if (是字符表词(e.原)) {
+            for (char16_t c : e.原)
+                for (std::size_t j = 0; j < 全; ++j)
+                    if (行(j).新[0] == c || (行(j).原.size() == 1 && 行(j).原[0] == c)) return false;
+            continue;
+        }
+        bool 死 = false;
+        for (char16_t c : e.原) 死 = 死 || 前面单字有(字符表前段, i, c);
+        if (!死) return false;
+    }
+    return true;
+}
+static_assert(字符表形状成立());
+
+constexpr std::size_t 单字数() {
+    std::size_t n = 0;
+    for (std::size_t i = 0; i < std::size(字符表前段); ++i)
+        if (字符表前段[i].原.size() == 1 && !前面单字有(字符表前段, i, 字符表前段[i].原[0])) ++n;
+    return n + std::size(数字表);
+}
+
+// The one-character rows of both tables, first row first, sorted by source.
+constexpr auto 单字表 = [] {
+    std::array<单字项, 单字数()> r{};
+    std::size_t k = 0;
+    for (std::size_t i = 0; i < std::size(字符表前段); ++i) {
+        const auto& e = 字符表前段[i];
+        if (e.原.size() == 1 && !前面单字有(字符表前段, i, e.原[0])) r[k++] = {e.原[0], e.新[0]};
+    }
+    for (const auto& e : 数字表) r[k++] = {e.原[0], e.新[0]};
+    std::sort(r.begin(), r.end(), [](const 单字项& a, const 单字项& b) { return a.原 < b.原; });
+    return r;
+}();
+
+constexpr bool 单字表无重复() {
+    for (std::size_t i = 1; i < 单字表.size(); ++i)
+        if (单字表[i - 1].原 == 单字表[i].原) return false;  // a digit row repeating an earlier source
+    return true;
+}
+static_assert(单字表无重复());
+
+// The same for ASCII sources, as a direct table.
+constexpr auto ASCII映射 = [] {
+    std::array<char16_t, 128> r{};
+    for (std::size_t c = 0; c < 128; ++c) r[c] = char16_t(c);
+    for (const auto& e : 单字表)
+        if (e.原 < 128) r[e.原] = e.新;
+    return r;
+}();
+
+inline char16_t 单字映射(char16_t c) {
+    if (c < 128) return ASCII映射[c];
+    if ((c >= u'Ａ' && c <= u'Ｚ') || (c >= u'ａ' && c <= u'ｚ')) return char16_t(c - 全角偏移);
+    const auto it = std::lower_bound(单字表.begin(), 单字表.end(), c,
+                                     [](const 单字项& e, char16_t x) { return e.原 < x; });
+    return (it != 单字表.end() && it->原 == c) ? it->新 : c;
+}
+
+constexpr 替换项 比较表[] = {{u"=>", u"≥"}, {u">=", u"≥"}, {u"=<", u"≤"}, {u"<=", u"≤"}};
+
+// ---------------------------------------------------------------------------
+// 算式结构规整's name check: w + ";" stands in 名称表文本 exactly when w, a
+// run of letters, is the run of letters that ends right ahead of some ";"
+// there, or a tail of it. Those tails are packed six bits a letter.
+constexpr int 名键最长 = 10;
+
+inline std::uint64_t 名键(const char16_t* w, qsizetype n) {
+    std::uint64_t k = 0;
+    for (qsizetype i = 0; i < n; ++i) {
+        const char16_t c = w[i];
+        k = (k << 6) | static_cast<std::uint64_t>(c <= u'Z' ? c - u'A' + 1 : c - u'a' + 27);
+    }
+    return k;
+}
+
+bool 名称已知(const char16_t* w, qsizetype n) {
+    if (n > 名键最长) return 名称表中有(QString(reinterpret_cast<const QChar*>(w), n));
+    static const std::vector<std::uint64_t> 表 = [] {
+        std::vector<std::uint64_t> r;
+        const char16_t* t = reinterpret_cast<const char16_t*>(名称表文本.utf16());
+        const qsizetype m = 名称表文本.size();
+        for (qsizetype i = 0; i < m; ++i) {
+            if (t[i] != u';') continue;
+            for (qsizetype j = i - 1; j >= 0 && i - j <= 名键最长 && txt::isAsciiLetter(t[j]); --j)
+                r.push_back(名键(t + j, i - j));
+        }
+        std::sort(r.begin(), r.end());
+        return r;
+    }();
+    return std::binary_search(表.begin(), 表.end(), 名键(w, n));
+}
 
 // ---------------------------------------------------------------------------
 // 算式结构规整's character classes.
 
 // What an expression may hold at all; anything else vanishes silently.
-const 替换表::字符类 算式字符集(u"-0.1234567Ee89()ΠΕπε!%‰^*/\\+-ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
+constexpr txt::CharSet 算式字符集(
+    u"-0.1234567Ee89()ΠΕπε!%‰^*/\\+-ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
 // Besides Latin letters: what may end, and what may begin, an expression.
-const 替换表::字符类 结尾字符集(u"0123456789)!%‰ΠΕπε");
-const 替换表::字符类 开头字符集(u"0123456789-.(ΠΕπε");
+constexpr txt::CharSet 结尾字符集(u"0123456789)!%‰ΠΕπε");
+constexpr txt::CharSet 开头字符集(u"0123456789-.(ΠΕπε");
 // A point stands only behind one of these and ahead of a digit.
-const 替换表::字符类 点前字符集(u" 0123456789()^*/\\+-");
+constexpr txt::CharSet 点前字符集(u" 0123456789()^*/\\+-");
 
 // Names are checked against the evaluator's name table (名称表中有 in
 // functions.h): a plain text search for "name;", as loose as it looks.
 
 // Allowed neighbours of a name; anything else gets a "*" between.
-const 替换表::字符类 E前字符集(u" 0123456789 ^*/\\+-(");   // 2E3 stays an exponent
-const 替换表::字符类 名前字符集(u" ^*/\\+-(");
-const 替换表::字符类 E后字符集(u" 0123456789 ^*/\\+-)");
-const 替换表::字符类 函数后字符集(u" ^*/\\+-!%‰(.0123456789");  // a function takes a number or bracket
-const 替换表::字符类 变量后字符集(u" ^*/\\+-!%‰)");
+constexpr txt::CharSet E前字符集(u" 0123456789 ^*/\\+-(");   // 2E3 stays an exponent
+constexpr txt::CharSet 名前字符集(u" ^*/\\+-(");
+constexpr txt::CharSet E后字符集(u" 0123456789 ^*/\\+-)");
+constexpr txt::CharSet 函数后字符集(u" ^*/\\+-!%‰(.0123456789");  // a function takes a number or bracket
+constexpr txt::CharSet 变量后字符集(u" ^*/\\+-!%‰)");
 
 // Closers and openers for the stars between them.
-const 替换表::字符类 闭合字符集(u"!)%‰ΠΕ");
-const 替换表::字符类 闭合后字符集(u"0123456789.(ΠΕ");
-const 替换表::字符类 开启前字符集(u"0123456789%‰!)ΠΕ");
-const 替换表::字符类 开启字符集(u"(ΠΕ");
+constexpr txt::CharSet 闭合字符集(u"!)%‰ΠΕ");
+constexpr txt::CharSet 闭合后字符集(u"0123456789.(ΠΕ");
+constexpr txt::CharSet 开启前字符集(u"0123456789%‰!)ΠΕ");
+constexpr txt::CharSet 开启字符集(u"(ΠΕ");
 
 const QString 零 = QStringLiteral("0");
 
@@ -280,128 +460,169 @@ static_assert(std::size(引号表) == 5);
 // ===========================================================================
 
 QString 算式字符规整(const QString& 文本) {
-    QString t = 去空格(文本);
+    const QString t = 去空格(文本);
     if (t.isEmpty()) return QString();
-    依表替换(t, 字符表前段);
-    全角字母转半角(t);
-    依表替换(t, 数字表);
-    return t;
+    const char16_t* p = reinterpret_cast<const char16_t*>(t.utf16());
+    const qsizetype n = t.size();
+    QString r(n, Qt::Uninitialized);
+    char16_t* o = reinterpret_cast<char16_t*>(r.data());
+    qsizetype k = 0;
+    bool 有等 = false, 有大小 = false;
+    for (qsizetype i = 0; i < n;) {
+        const char16_t c = p[i];
+        char16_t m;
+        if ((c == u'P' || c == u'p') && n - i >= 3 &&
+            (std::u16string_view(p + i, 3) == u"PAI" || std::u16string_view(p + i, 3) == u"Pai" ||
+             std::u16string_view(p + i, 3) == u"pai")) {
+            m = u'Π';
+            i += 3;
+        } else if ((c == u'等' || c == u'小' || c == u'大') && i + 1 < n && p[i + 1] == u'于') {
+            m = c == u'等' ? u'=' : c == u'小' ? u'<' : u'>';
+            i += 2;
+        } else {
+            m = 单字映射(c);
+            ++i;
+        }
+        if (m == u'=') 有等 = true;
+        else if (m == u'<' || m == u'>') 有大小 = true;
+        o[k++] = m;
+    }
+    r.truncate(k);
+    if (有等 && 有大小)
+        for (const auto& e : 比较表)
+            r.replace(视图文本(e.原), 视图文本(e.新), Qt::CaseSensitive);
+    return r;
 }
 
 
 namespace {
-// Copies t, handing each run of ASCII letters (a name) to 名处理(s, name,
-// 1-based position, length), which appends what stands for it; every other
-// unit is copied as it is.
-template <class F>
-QString 逐名改写(const QString& t, F 名处理) {
-    QString s;
-    s.reserve(t.size() * 2);
-    const int n = txt::len(t);
-    int i = 1;
-    while (i <= n) {
-        if (!txt::isAsciiLetter(txt::at(t, i))) {
-            // The run up to the next letter goes over in one piece.
-            int e = i + 1;
-            while (e <= n && !txt::isAsciiLetter(txt::at(t, e))) ++e;
-            s += txt::mid(t, i, e - i);
-            i = e;
-            continue;
+
+// Steps 1 and 2 of 算式结构规整, upper-casing and the character filter, in
+// one walk into `out`. False, with `out` undefined, for a text holding a
+// character whose upper case this walk does not know (see txt::upperKeeps);
+// the caller then takes the general road.
+bool 大写过滤(const QString& 文本, std::u16string& out) {
+    const char16_t* p = reinterpret_cast<const char16_t*>(文本.utf16());
+    const qsizetype n = 文本.size();
+    out.resize(static_cast<std::size_t>(n));
+    char16_t* o = out.data();
+    qsizetype k = 0;
+    for (qsizetype i = 0; i < n; ++i) {
+        char16_t c = p[i];
+        if (c < 128) {
+            if (c >= u'a' && c <= u'z') c = char16_t(c - (u'a' - u'A'));
+        } else if (c == u'π') {
+            c = u'Π';
+        } else if (c == u'ε') {
+            c = u'Ε';
+        } else if (c != u'Π' && c != u'Ε' && c != u'‰') {
+            // Its upper case is itself, which the filter drops; a surrogate's
+            // upper case is never a character the filter keeps.
+            if (txt::upperKeeps(c) || (c >= 0xD800 && c <= 0xDFFF)) continue;
+            return false;
         }
-        const QString w = 取字母串(t, i);
-        const int 长 = std::max(1, txt::len(w));
-        名处理(s, w, i, 长);
-        i += 长;
+        if (算式字符集.contains(c)) o[k++] = c;
     }
-    return s;
+    out.resize(static_cast<std::size_t>(k));
+    return true;
 }
+
 }  // namespace
 
 QString 算式结构规整(const QString& 文本) {
-    // 1. Trim and upper-case.
-    QString t = txt::trim(文本).toUpper();
-    if (t.isEmpty()) return 零;
-
-    // 2. Character filter.
-    {
-        QString f;
-        f.reserve(t.size());
+    // 1, 2. Trim and upper-case; character filter. (Blanks never pass the
+    //    filter, so the trim changes nothing.)
+    std::u16string a;
+    if (!大写过滤(文本, a)) {
+        const QString t = txt::trim(文本).toUpper();
+        a.clear();
         for (QChar c : t)
-            if (算式字符集.contains(c)) f += c;
-        t = f;
+            if (算式字符集.contains(c)) a += c.unicode();
     }
-    if (t.isEmpty()) return 零;
+    if (a.empty()) return 零;
 
     // 3. Cut the tail behind the last character that can end an expression.
-    {
-        qsizetype k = t.size() - 1;
-        while (k >= 0 && !(txt::isAsciiLetter(t[k]) || 结尾字符集.contains(t[k]))) --k;
-        if (k < 0) return 零;
-        t.truncate(k + 1);
-    }
+    std::size_t 止 = a.size();
+    while (止 > 0 && !(txt::isAsciiLetter(a[止 - 1]) || 结尾字符集.contains(a[止 - 1]))) --止;
+    if (止 == 0) return 零;
     // 4. Cut the head ahead of the first character that can begin one.
-    {
-        qsizetype k = 0;
-        while (k < t.size() && !(txt::isAsciiLetter(t[k]) || 开头字符集.contains(t[k]))) ++k;
-        if (k >= t.size()) return 零;
-        t.remove(0, k);
-    }
+    std::size_t 起 = 0;
+    while (起 < 止 && !(txt::isAsciiLetter(a[起]) || 开头字符集.contains(a[起]))) ++起;
+    if (起 >= 止) return 零;
 
     // 5. Operator pairs.
-    t = 修复相邻运算符(t);
+    const QString t = 修复相邻运算符(QString(reinterpret_cast<const QChar*>(a.data() + 起),
+                                            static_cast<qsizetype>(止 - 起)));
     if (t.isEmpty()) return 零;
+    const char16_t* p = reinterpret_cast<const char16_t*>(t.utf16());
+    const qsizetype n = t.size();
 
     // 6. Points: one stays only between a digit-side character and a digit.
-    {
-        const QString p = u' ' + t + u' ';
-        QString s;
-        s.reserve(t.size());
-        for (qsizetype i = 1; i + 1 < p.size(); ++i) {
-            const QChar c = p[i];
-            if (c == u'.' && !(点前字符集.contains(p[i - 1]) && txt::isAsciiDigit(p[i + 1]))) continue;
-            s += c;
+    //    Ahead of the first and behind the last character stands a blank.
+    a.resize(static_cast<std::size_t>(n));
+    qsizetype m = 0;
+    for (qsizetype i = 0; i < n; ++i) {
+        const char16_t c = p[i];
+        if (c == u'.') {
+            const char16_t 前 = i > 0 ? p[i - 1] : u' ';
+            const char16_t 后 = i + 1 < n ? p[i + 1] : u' ';
+            if (!(点前字符集.contains(前) && txt::isAsciiDigit(后))) continue;
         }
-        t = s;
+        a[static_cast<std::size_t>(m++)] = c;
     }
-    if (t.isEmpty()) return 零;
+    if (m == 0) return 零;
+    const char16_t* q = a.data();
 
-    // 7. Names, and stars ahead of them. The start of the text counts as a
-    //    blank neighbour.
-    t = 逐名改写(t, [&](QString& s, const QString& w, int i, int) {
-        if (!名称表中有(w)) {
-            报告无法识读(w);
-            s += w;
-            return;
+    // 7, 8. Names: each run of letters is checked against the name table
+    //    (an unknown one is reported and kept), and gets a star ahead of it
+    //    unless what stands ahead may precede it, and one behind it unless
+    //    what stands behind may follow it. The ends of the text count as
+    //    blanks. Stars only ever go next to a run, so the neighbours of a run
+    //    are the same before and after the stars ahead are in.
+    std::u16string b(static_cast<std::size_t>(3 * m), u'\0');
+    char16_t* o = b.data();
+    for (qsizetype i = 0; i < m;) {
+        if (!txt::isAsciiLetter(q[i])) {
+            *o++ = q[i++];
+            continue;
         }
-        const QChar 前 = i > 1 ? txt::at(t, i - 1) : QChar(u' ');
-        const 替换表::字符类& 集 = (w == u"E") ? E前字符集 : 名前字符集;
-        if (!集.contains(前)) s += u'*';
-        s += w;
-    });
-
-    // 8. Stars behind names. The end of the text counts as a blank.
-    t = 逐名改写(t, [&](QString& s, const QString& w, int i, int 长) {
-        const QChar 后 = i + 长 <= txt::len(t) ? txt::at(t, i + 长) : QChar(u' ');
-        const 替换表::字符类& 集 = (w == u"E") ? E后字符集 : (长 > 1 ? 函数后字符集 : 变量后字符集);
-        s += w;
-        if (!集.contains(后)) s += u'*';
-    });
-
-    // 9. Stars behind closers: 3!2, )2, Π2, Π(.
-    {
-        QString p = u' ' + t + u' ';
-        for (qsizetype i = 1; i + 1 < p.size(); ++i)
-            if (闭合字符集.contains(p[i]) && 闭合后字符集.contains(p[i + 1])) p.insert(i + 1, u'*');
-        // 10. Stars ahead of openers: 2(, 2Π, )Π, !(.
-        for (qsizetype i = 1; i < p.size(); ++i)
-            if (开启前字符集.contains(p[i - 1]) && 开启字符集.contains(p[i])) p.insert(i, u'*');
-        t = p;
+        qsizetype j = i;
+        while (j < m && txt::isAsciiLetter(q[j])) ++j;
+        const qsizetype 长 = j - i;
+        const bool 是E = 长 == 1 && q[i] == u'E';
+        if (!名称已知(q + i, 长)) {
+            报告无法识读(QString(reinterpret_cast<const QChar*>(q + i), 长));
+        } else {
+            const char16_t 前 = i > 0 ? q[i - 1] : u' ';
+            if (!(是E ? E前字符集 : 名前字符集).contains(前)) *o++ = u'*';
+        }
+        o = std::copy(q + i, q + j, o);
+        const char16_t 后 = j < m ? q[j] : u' ';
+        const txt::CharSet& 后集 = 是E ? E后字符集 : (长 > 1 ? 函数后字符集 : 变量后字符集);
+        if (!后集.contains(后)) *o++ = u'*';
+        i = j;
     }
+    const qsizetype 名后长 = o - b.data();
 
-    // 11. ")(" and the blanks.
-    替换表::全部替换(t, u")(", u")*(");
-    t = txt::trim(t);
-    return t.isEmpty() ? 零 : t;
+    // 9, 10. Stars behind closers (3!2, )2, Π2, Π() and ahead of openers
+    //    (2(, 2Π, )Π, !(). A star ahead of an opener is judged by what stood
+    //    ahead of it after the first kind were in. This leaves no ")(".
+    QString r(3 * 名后长, Qt::Uninitialized);
+    char16_t* w = reinterpret_cast<char16_t*>(r.data());
+    qsizetype k = 0;
+    char16_t 前 = u' ';
+    for (qsizetype i = 0; i < 名后长; ++i) {
+        const char16_t c = b[static_cast<std::size_t>(i)];
+        if (开启前字符集.contains(前) && 开启字符集.contains(c)) w[k++] = u'*';
+        w[k++] = c;
+        前 = c;
+        if (闭合字符集.contains(c) && i + 1 < 名后长 && 闭合后字符集.contains(b[static_cast<std::size_t>(i + 1)])) {
+            w[k++] = u'*';
+            前 = u'*';
+        }
+    }
+    r.truncate(k);
+    return r;
 }
 
 数值 规整数字(const 数值& x) {

@@ -8,6 +8,8 @@
 
 #include <QString>
 #include <QStringView>
+#include <cstdint>
+#include <string_view>
 
 namespace txt {
 
@@ -82,29 +84,68 @@ inline bool isAsciiLetter(QChar c) {
     const char16_t u = c.unicode();
     return (u >= u'A' && u <= u'Z') || (u >= u'a' && u <= u'z');
 }
+constexpr bool isAsciiLetter(char16_t u) { return (u >= u'A' && u <= u'Z') || (u >= u'a' && u <= u'z'); }
+constexpr bool isAsciiDigit(char16_t u) { return u >= u'0' && u <= u'9'; }
 
-// A plain short number: an optional "-" (only when 可带负号), an integer
-// part "0" or 1..14 digits without a leading zero, and at most a fraction
-// of 1..14 digits that does not end in 0. Such a text is held exactly by
-// the 96-bit decimal and by its nearest double to 15 digits, and the
-// decimal prints it back digit for digit; the number readers use that to
-// skip their general road.
-inline bool isShortPlainNumber(const QString& x, bool 可带负号 = false) {
-    const qsizetype n = x.size();
-    const QChar* p = x.constData();
-    qsizetype i = 0;
-    if (可带负号 && n > 0 && p[0] == u'-') ++i;
-    const qsizetype 起 = i;
-    while (i < n && isAsciiDigit(p[i])) ++i;
-    const qsizetype 整数位 = i - 起;
-    if (整数位 == 0 || 整数位 > 14 || (整数位 > 1 && p[起] == u'0')) return false;
-    if (i == n) return true;
-    if (p[i] != u'.') return false;
-    ++i;
-    const qsizetype 小数起 = i;
-    while (i < n && isAsciiDigit(p[i])) ++i;
-    const qsizetype 小数位 = i - 小数起;
-    return i == n && 小数位 >= 1 && 小数位 <= 14 && p[n - 1] != u'0';
+// A fixed set of code units for per-character membership tests in the hot
+// text passes: a bit per ASCII unit, and up to eight other units (Π, ‰, …)
+// compared one by one. Built at compile time only, from the characters it
+// holds (a ninth other unit does not compile).
+class CharSet {
+public:
+    consteval CharSet(std::u16string_view s) {
+        for (char16_t c : s) {
+            if (c < 128) bits_[c >> 6] |= std::uint64_t{1} << (c & 63);
+            else if (!contains(c)) others_[n_++] = c;
+        }
+    }
+    constexpr bool contains(char16_t c) const {
+        if (c < 128) return (bits_[c >> 6] >> (c & 63)) & 1;
+        for (int i = 0; i < n_; ++i)
+            if (others_[i] == c) return true;
+        return false;
+    }
+    bool contains(QChar c) const { return contains(c.unicode()); }
+
+private:
+    std::uint64_t bits_[2] = {0, 0};
+    char16_t others_[8] = {};
+    int n_ = 0;
+};
+
+// True for a non-ASCII code unit that QString::toUpper gives back as it is:
+// Π and Ε, and blocks with no cased letter in them (general punctuation,
+// ‰, arrows and mathematical signs, box drawing and shapes, CJK symbols,
+// kana and ideographs, Hangul, private use, presentation and full-width
+// forms other than the full-width small letters). Surrogates are not
+// among them. False only means "ask QString::toUpper".
+constexpr bool upperKeeps(char16_t c) {
+    return c == u'Π' || c == u'Ε' || (c >= 0x2010 && c <= 0x20FF) || (c >= 0x2190 && c <= 0x24CF) ||
+           (c >= 0x2500 && c <= 0x2BFF) || (c >= 0x2E80 && c <= 0xA63F) || (c >= 0xAC00 && c <= 0xD7FF) ||
+           (c >= 0xE000 && c <= 0xFAFF) || (c >= 0xFE00 && c <= 0xFF40) || c >= 0xFF5B;
+}
+
+// s.toUpper(), the same for every text; texts of ASCII and upperKeeps units
+// are done here without the general case tables (and shared when nothing
+// changes).
+inline QString upper(const QString& s) {
+    const char16_t* p = reinterpret_cast<const char16_t*>(s.utf16());
+    const qsizetype n = s.size();
+    qsizetype 首 = -1;  // first a-z
+    for (qsizetype i = 0; i < n; ++i) {
+        const char16_t c = p[i];
+        if (c < 128) {
+            if (首 < 0 && c >= u'a' && c <= u'z') 首 = i;
+        } else if (!upperKeeps(c)) {
+            return s.toUpper();
+        }
+    }
+    if (首 < 0) return s;
+    QString r = s;
+    char16_t* q = reinterpret_cast<char16_t*>(r.data());
+    for (qsizetype i = 首; i < n; ++i)
+        if (q[i] >= u'a' && q[i] <= u'z') q[i] = char16_t(q[i] - (u'a' - u'A'));
+    return r;
 }
 
 }  // namespace txt

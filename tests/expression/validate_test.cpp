@@ -3,6 +3,7 @@
 // the whole 表达式规整 chain, and a robustness run over random text.
 #include "expression/normalise.h"
 #include "expression/validate.h"
+#include "numeric/guarded.h"
 #include "numeric/text.h"
 #include "shell/interaction.h"
 #include "shell/state.h"
@@ -82,6 +83,29 @@ TEST(NumberCanon, RewritesEachNumber) {
         EXPECT_TRUE(算式数字规范(Q(s)).endsWith(u'1'));  // the failure marker stands for the rest
         EXPECT_GT(公共.错误数, 0);
     }
+}
+
+// Plain numbers are written without a round through the reader; what they
+// become must still be what the reader makes of them, switch on or off.
+TEST(NumberCanon, PlainNumbersAsTheReaderReadsThem) {
+    const char16_t* 表[] = {
+        u"0", u"000", u"0.000", u".5", u"5.", u"007.0700", u"100", u"0.0001",
+        u"12345678901234567890", u"1234567890123456789.5", u".0000000000000000001",
+        u"123456789012345678901", u"1234567890.1234567890",
+    };
+    for (const bool 开 : {true, false}) {
+        for (const char16_t* s : 表) {
+            SCOPED_TRACE(Q(s).toStdString() + (开 ? " on" : " off"));
+            公共.高精度开关 = 开;
+            清除计算状态();
+            const QString 规范 = 算式数字规范(Q(s));
+            const int 损失 = 公共.精度损失数;
+            清除计算状态();
+            EXPECT_EQ(规范, txt::trim(Hvt数转数(数值(Q(s))).文本()));
+            EXPECT_EQ(损失, 公共.精度损失数);
+        }
+    }
+    公共.高精度开关 = true;
 }
 
 TEST(AdjacencyCheck, CountsFaultsAndBrackets) {
