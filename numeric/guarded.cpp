@@ -94,12 +94,9 @@ static int 双精度文本有效位数(double d) {
 constexpr double k十进制上界 = 7.92281625142642E+28;
 constexpr double k十进制下界 = 1E-28;
 
-转换结果 数转数核心(const 数值& x, 数值& out) {
-    const 数值 v = 修剪值(x);
-    if (v.是空()) {
-        out = 数值(Decimal96());
-        return 转换结果::十进制;
-    }
+// The rule in full, for any value: the double d decides the bounds, the
+// decimal made from the value itself must keep as many digits as d's text.
+static 转换结果 一般转换(const 数值& v, 数值& out) {
     double d = 0.0;
     if (!转双精度(v, d)) return 转换结果::失败;
     if (!公共.高精度开关) {
@@ -122,6 +119,123 @@ constexpr double k十进制下界 = 1E-28;
     }
     out = 数值(d);
     return 转换结果::落双精度;
+}
+
+// A decimal r that holds its number exactly, below 1E+28 in magnitude,
+// passes the rule above unchanged, so neither d nor its text is needed:
+//   * a nonzero decimal is at least 1E-28, so d lies within the bounds;
+//   * with fewer than 15 significant digits, d printed to 15 digits gives
+//     back r's digits (any decimal of up to 15 digits survives the trip
+//     through a double), so d's text counts as many digits as r's.
+static bool 十进制无需双精度(const Decimal96& r) {
+    // Below 1E+28: any fraction does (the mantissa stays under 2^96 < 1E+29),
+    // an integer needs a mantissa below 0x204FCE5E << 64 (just under 1E+28).
+    return r.scale() > 0 || r.hi() < 0x204FCE5Eu;
+}
+
+// The shape of a number text that Decimal96::fromText accepted: how many
+// digits lie from the first nonzero one to the last, and where the first
+// one stands (the number is 0.d1d2... × 10^首位).
+struct 文本数形 {
+    int 有效 = 0;              // 0 for a zero
+    std::int64_t 首位 = 0;
+};
+
+static 文本数形 文本形状(QStringView t) {
+    文本数形 f;
+    std::int64_t 整数位 = 0, 序 = 0, 首 = -1, 末 = -1;
+    bool 见点 = false;
+    qsizetype i = 0;
+    const qsizetype n = t.size();
+    if (i < n && (t[i] == u'+' || t[i] == u'-')) ++i;
+    for (; i < n; ++i) {
+        const char16_t c = t[i].unicode();
+        if (c >= u'0' && c <= u'9') {
+            if (c != u'0') {
+                if (首 < 0) 首 = 序;
+                末 = 序;
+            }
+            if (!见点) ++整数位;
+            ++序;
+        } else if (c == u'.') {
+            见点 = true;
+        } else {
+            break;
+        }
+    }
+    if (首 < 0) return f;
+    std::int64_t 指数 = 0;
+    if (i < n) {  // E or e, as the parser has checked
+        ++i;
+        bool 负 = false;
+        if (i < n && (t[i] == u'+' || t[i] == u'-')) 负 = t[i++] == u'-';
+        for (; i < n; ++i)
+            if (指数 < 1000000000) 指数 = 指数 * 10 + (t[i].unicode() - u'0');
+        if (负) 指数 = -指数;
+    }
+    f.有效 = static_cast<int>(末 - 首 + 1);
+    f.首位 = 整数位 - 首 + 指数;
+    return f;
+}
+
+// The same shape for a decimal.
+static 文本数形 十进制形状(const Decimal96& r) {
+    文本数形 f;
+    unsigned __int128 m = (static_cast<unsigned __int128>(r.hi()) << 64) | r.lo64();
+    if (m == 0) return f;
+    int 位数 = 0;
+    for (unsigned __int128 p = 1; p <= m && 位数 < 39; p *= 10) ++位数;
+    int 尾零 = 0;
+    std::uint64_t lo = 0;
+    if ((m >> 64) == 0) {
+        lo = static_cast<std::uint64_t>(m);
+        while (lo % 10 == 0) {
+            lo /= 10;
+            ++尾零;
+        }
+    } else {
+        while (m % 10 == 0) {
+            m /= 10;
+            ++尾零;
+        }
+    }
+    f.有效 = 位数 - 尾零;
+    f.首位 = 位数 - r.scale();
+    return f;
+}
+
+转换结果 数转数核心(const 数值& x, 数值& out) {
+    if (x.是文本()) {
+        QStringView t(x.文本值());
+        while (!t.isEmpty() && t.front() == u' ') t = t.mid(1);
+        while (!t.isEmpty() && t.back() == u' ') t.chop(1);
+        if (t.isEmpty()) {
+            out = 数值(Decimal96());
+            return 转换结果::十进制;
+        }
+        // The usual case, a text that the decimal holds exactly: one
+        // reading. A text that the decimal rounds (by its shape: the same
+        // count of digits from the same place, or it was rounded) takes the
+        // full rule.
+        Decimal96 r;
+        if (公共.高精度开关 && Decimal96::fromText(t, r) == Decimal96::Status::Ok && 十进制无需双精度(r)) {
+            const 文本数形 a = 文本形状(t), b = 十进制形状(r);
+            if (a.有效 == b.有效 && (a.有效 == 0 || a.首位 == b.首位)) {
+                out = 数值(r);
+                return 转换结果::十进制;
+            }
+        }
+        return 一般转换(数值(t.toString()), out);
+    }
+    if (x.是空()) {
+        out = 数值(Decimal96());
+        return 转换结果::十进制;
+    }
+    if (x.是十进制() && 公共.高精度开关 && 十进制无需双精度(x.十进制值())) {
+        out = x;
+        return 转换结果::十进制;
+    }
+    return 一般转换(x, out);
 }
 
 }  // namespace guarded_detail
