@@ -129,7 +129,25 @@ QString 加垫(QStringView s) {
 // allocation: blanks and U+3000 are dropped while copying, the folds run in
 // place and only where two signs stand together (elsewhere they change
 // nothing), and plain ASCII is upper-cased here.
+// True when 符号规整 would give the text back unchanged: no blank, no two
+// signs together, nothing to upper-case (anything beyond ASCII is left to
+// the full path).
+bool 已规整(QStringView s) {
+    char16_t 前 = 0;
+    for (const QChar c : s) {
+        const char16_t u = c.unicode();
+        if (u == u' ' || u >= 0x80 || (u >= u'a' && u <= u'z')) return false;
+        if ((u == u'+' || u == u'-') && (前 == u'+' || 前 == u'-')) return false;
+        前 = u;
+    }
+    return true;
+}
+
 QString 符号规整(const QString& s, bool 四折, bool 垫空) {
+    // The passes hand in texts that are tidy already, more often than not.
+    if (垫空 ? s.size() >= 3 && s.front() == u' ' && s.back() == u' ' && 已规整(QStringView(s).mid(1, s.size() - 2))
+             : !s.isEmpty() && 已规整(s))
+        return s;
     const qsizetype 垫 = 垫空 ? 1 : 0;
     QString t(s.size() + 2 * 垫, Qt::Uninitialized);
     QChar* const w = t.data() + 垫;
@@ -455,10 +473,11 @@ bool 加减运算(QString& t) {
         if (已失败()) return false;
         const 数值 v = t[i - 1] == u'+' ? 求两数和(a, b) : 求两数差(a, b);
         if (已失败()) return false;
-        QString 新 = txt::trim(v.文本());
-        const int 后 = i + 1 + txt::len(b);  // 1-based start of what stands behind b
-        if (后 <= txt::len(t)) 新 += QStringView(t).mid(后 - 1);
-        t = 合并正负号(新);
+        // v's text and what stands behind b: t from 后 on.
+        const int 后 = i + 1 + txt::len(b);
+        if (后 <= txt::len(t)) t.replace(0, 后 - 1, txt::trim(v.文本()));
+        else t = txt::trim(v.文本());
+        t = 合并正负号(t);
     }
     运行时故障报告(t);
     return false;
