@@ -15,6 +15,7 @@
 #include "shell/interaction.h"
 #include "shell/state.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -419,8 +420,12 @@ bool 后缀运算(QString& t) {
 // * / \ of equal rank, left to right, restarting after each.
 bool 乘除运算(QString& t) {
     重垫(t);
+    // Each round scans from position 2; ahead of the last value written
+    // there is no operator left (the previous round passed over it, and a
+    // number text holds none), so the scan may begin at that value.
+    int 起 = 2;
     for (int 轮 = 0; 轮 < 扫描上限; ++轮) {
-        int i = 2;
+        int i = 起;
         const int n = txt::len(t);
         while (i <= n) {
             const QChar c = t[i - 1];
@@ -448,6 +453,7 @@ bool 乘除运算(QString& t) {
         }
         if (已失败()) return false;
         替换(t, i - txt::len(a), txt::len(a) + 1 + txt::len(b), txt::trim(v.文本()));
+        起 = std::max(2, i - txt::len(a));
     }
     运行时故障报告(t);
     return false;
@@ -457,6 +463,10 @@ bool 乘除运算(QString& t) {
 // the start by now), signs are folded again, and the scan restarts.
 bool 加减运算(QString& t) {
     t = 合并正负号(t);
+    // Once t reads back unchanged through 合并正负号, it stays so while
+    // values that do so too replace its head (a number text ends in a
+    // digit, so no two signs meet at the seam): the fold is then skipped.
+    bool 已整 = 已规整(t);
     for (int 轮 = 0; 轮 < 扫描上限; ++轮) {
         int i = 2;
         bool 找到 = false;
@@ -475,9 +485,14 @@ bool 加减运算(QString& t) {
         if (已失败()) return false;
         // v's text and what stands behind b: t from 后 on.
         const int 后 = i + 1 + txt::len(b);
-        if (后 <= txt::len(t)) t.replace(0, 后 - 1, txt::trim(v.文本()));
-        else t = txt::trim(v.文本());
-        t = 合并正负号(t);
+        const QString 值 = txt::trim(v.文本());
+        已整 = 已整 && !值.isEmpty() && 已规整(值) && !是符号(值.back());
+        if (后 <= txt::len(t)) t.replace(0, 后 - 1, 值);
+        else t = 值;
+        if (!已整) {
+            t = 合并正负号(t);
+            已整 = 已规整(t);
+        }
     }
     运行时故障报告(t);
     return false;

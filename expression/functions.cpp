@@ -15,6 +15,7 @@
 #include "shell/interaction.h"
 #include "shell/state.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace 求值内部;
@@ -234,8 +235,10 @@ bool 函数运算(QString& t) {
 
 bool 乘方运算(QString& t) {
     t = 符号规整(t, false, true);
+    // As in the products: no "^" is left ahead of the last value written.
+    int 起 = 2;
     for (int 轮 = 0; 轮 < 扫描上限; ++轮) {
-        const int i = txt::instr(t, QChar(u'^'), 2);
+        const int i = txt::instr(t, QChar(u'^'), 起);
         if (i < 1) return true;
         const QString a = 向前取数字(t, i - 1);
         if (已失败()) return false;
@@ -244,6 +247,7 @@ bool 乘方运算(QString& t) {
         const 数值 v = 乘方(数值(a), 数值(b));
         if (已失败()) return false;
         t.replace(i - 1 - txt::len(a), txt::len(a) + 1 + txt::len(b), txt::trim(v.文本()));
+        起 = std::max(2, i - txt::len(a));
     }
     运行时故障报告(t);
     return false;
