@@ -59,20 +59,37 @@ void 读数失败(const QString& 片段, const QString& 细节, const QString& �
 
 int 计数(const QString& s, QChar c) { return static_cast<int>(s.count(c)); }
 
-// QString::toUpper, without its table walk and copy for the usual text:
-// plain ASCII that is upper case already comes back as it is, other ASCII
-// is folded here; only a text with other characters (π ε ...) goes the
-// long way.
-QString 大写(QString t) {
-    bool 有小写 = false;
-    for (const QChar c : std::as_const(t)) {
-        const char16_t u = c.unicode();
-        if (u >= 0x80) return t.toUpper();
-        if (u >= u'a' && u <= u'z') 有小写 = true;
+// QString::toUpper for the characters an expression holds: ASCII and the
+// Greek π ε (to Π Ε) are folded in place; false at any other character
+// beyond ASCII, which is left to QString::toUpper (folding what was done
+// already again changes nothing).
+bool 简单大写(QChar* w, qsizetype n) {
+    for (qsizetype i = 0; i < n; ++i) {
+        const char16_t u = w[i].unicode();
+        if (u < 0x80) {
+            if (u >= u'a' && u <= u'z') w[i] = QChar(u - (u'a' - u'A'));
+        } else if (u == u'π') {
+            w[i] = QChar(u'Π');
+        } else if (u == u'ε') {
+            w[i] = QChar(u'Ε');
+        } else if (u != u'Π' && u != u'Ε') {
+            return false;
+        }
     }
-    if (有小写)
-        for (QChar& c : t)
-            if (c.unicode() >= u'a' && c.unicode() <= u'z') c = QChar(c.unicode() - (u'a' - u'A'));
+    return true;
+}
+
+bool 需大写(const QString& t) {
+    for (const QChar c : t) {
+        const char16_t u = c.unicode();
+        if ((u >= u'a' && u <= u'z') || u >= 0x80) return true;
+    }
+    return false;
+}
+
+QString 大写(QString t) {
+    if (!需大写(t)) return t;
+    if (!简单大写(t.data(), t.size())) return t.toUpper();
     return t;
 }
 
@@ -153,10 +170,9 @@ QString 符号规整(const QString& s, bool 四折, bool 垫空) {
     QString t(s.size() + 2 * 垫, Qt::Uninitialized);
     QChar* const w = t.data() + 垫;
     qsizetype n = 0;
-    bool ascii = true, 相邻 = false;
+    bool 相邻 = false;
     for (const QChar c : s) {
         if (c == u' ' || c.unicode() == 0x3000) continue;
-        if (c.unicode() >= 0x80) ascii = false;
         if (n > 0 && 是符号(c) && 是符号(w[n - 1])) 相邻 = true;
         w[n++] = c;
     }
@@ -169,12 +185,10 @@ QString 符号规整(const QString& s, bool 四折, bool 垫空) {
             折叠(w, n, u'+', u'-', u'-');
         }
     }
-    if (!ascii) {
+    if (!简单大写(w, n)) {
         const QString u = QStringView(w, n).toString().toUpper();
         return 垫空 ? 加垫(u) : u;
     }
-    for (qsizetype i = 0; i < n; ++i)
-        if (w[i].unicode() >= u'a' && w[i].unicode() <= u'z') w[i] = QChar(w[i].unicode() - (u'a' - u'A'));
     if (垫空) {
         t[0] = u' ';
         w[n] = u' ';

@@ -6,6 +6,7 @@
 #include "shell/state.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -178,26 +179,32 @@ static 文本数形 文本形状(QStringView t) {
     return f;
 }
 
+// Decimal digits of m > 0 (m < 2^96): the bit length gives the count or
+// one more, the table of powers decides.
+static int 十进位数(unsigned __int128 m) {
+    static const auto 幂 = [] {
+        std::array<unsigned __int128, 30> p{};
+        p[0] = 1;
+        for (std::size_t k = 1; k < p.size(); ++k) p[k] = p[k - 1] * 10;
+        return p;
+    }();
+    const std::uint64_t hi = static_cast<std::uint64_t>(m >> 64);
+    const int 位长 = hi ? 128 - __builtin_clzll(hi) : 64 - __builtin_clzll(static_cast<std::uint64_t>(m));
+    const int t = (位长 * 1233) >> 12;  // floor(log10(2^位长)), give or take one
+    return t - (m < 幂[static_cast<std::size_t>(t)]) + 1;
+}
+
 // The same shape for a decimal.
 static 文本数形 十进制形状(const Decimal96& r) {
     文本数形 f;
     unsigned __int128 m = (static_cast<unsigned __int128>(r.hi()) << 64) | r.lo64();
     if (m == 0) return f;
-    int 位数 = 0;
-    for (unsigned __int128 p = 1; p <= m && 位数 < 39; p *= 10) ++位数;
+    const int 位数 = 十进位数(m);
     int 尾零 = 0;
-    std::uint64_t lo = 0;
-    if ((m >> 64) == 0) {
-        lo = static_cast<std::uint64_t>(m);
-        while (lo % 10 == 0) {
-            lo /= 10;
-            ++尾零;
-        }
-    } else {
-        while (m % 10 == 0) {
-            m /= 10;
-            ++尾零;
-        }
+    // m mod 10 from the two halves: 2^64 leaves 6.
+    while ((static_cast<std::uint64_t>(m >> 64) % 10 * 6 + static_cast<std::uint64_t>(m) % 10) % 10 == 0) {
+        m /= 10;
+        ++尾零;
     }
     f.有效 = 位数 - 尾零;
     f.首位 = 位数 - r.scale();
