@@ -143,10 +143,6 @@ QString 加垫(QStringView s) {
     return t;
 }
 
-// These run several times per operator, so they build their answer in one
-// allocation: blanks and U+3000 are dropped while copying, the folds run in
-// place and only where two signs stand together (elsewhere they change
-// nothing), and plain ASCII is upper-cased here.
 // True when 符号规整 would give the text back unchanged: no blank, no two
 // signs together, nothing to upper-case (anything beyond ASCII is left to
 // the full path).
@@ -161,20 +157,37 @@ bool 已规整(QStringView s) {
     return true;
 }
 
+// These run several times per operator, so they build their answer in one
+// allocation: the text handed in is often tidy already and comes back as
+// it is; else blanks and U+3000 are dropped while copying, the case is
+// folded on the way (ASCII, π ε; the folds touch only signs, so the order
+// does not matter), and the sign folds run in place, only where two signs
+// stand together (elsewhere they change nothing).
 QString 符号规整(const QString& s, bool 四折, bool 垫空) {
-    // The passes hand in texts that are tidy already, more often than not.
     if (垫空 ? s.size() >= 3 && s.front() == u' ' && s.back() == u' ' && 已规整(QStringView(s).mid(1, s.size() - 2))
              : !s.isEmpty() && 已规整(s))
         return s;
     const qsizetype 垫 = 垫空 ? 1 : 0;
     QString t(s.size() + 2 * 垫, Qt::Uninitialized);
     QChar* const w = t.data() + 垫;
+    const char16_t* const 源 = reinterpret_cast<const char16_t*>(s.constData());
+    const qsizetype 长 = s.size();
     qsizetype n = 0;
-    bool 相邻 = false;
-    for (const QChar c : s) {
-        if (c == u' ' || c.unicode() == 0x3000) continue;
-        if (n > 0 && 是符号(c) && 是符号(w[n - 1])) 相邻 = true;
-        w[n++] = c;
+    bool 相邻 = false, 前符 = false, 其他 = false;
+    for (qsizetype k = 0; k < 长; ++k) {
+        char16_t u = 源[k];
+        if (u == u' ' || u == 0x3000) continue;
+        if (static_cast<char16_t>(u - u'a') < 26) {
+            u = static_cast<char16_t>(u - (u'a' - u'A'));
+        } else if (u >= 0x80) {
+            if (u == u'π') u = u'Π';
+            else if (u == u'ε') u = u'Ε';
+            else if (u != u'Π' && u != u'Ε') 其他 = true;
+        }
+        const bool 符 = u == u'+' || u == u'-';
+        相邻 = 相邻 || (符 && 前符);
+        前符 = 符;
+        w[n++] = QChar(u);
     }
     if (n == 0) return 垫空 ? QStringLiteral(" 0 ") : QStringLiteral("0");
     if (相邻) {
@@ -185,7 +198,7 @@ QString 符号规整(const QString& s, bool 四折, bool 垫空) {
             折叠(w, n, u'+', u'-', u'-');
         }
     }
-    if (!简单大写(w, n)) {
+    if (其他) {  // what QString::toUpper alone knows
         const QString u = QStringView(w, n).toString().toUpper();
         return 垫空 ? 加垫(u) : u;
     }

@@ -211,6 +211,47 @@ static 文本数形 十进制形状(const Decimal96& r) {
     return f;
 }
 
+// The plain texts a calculation writes and reads back ("-12.5", "0.0034",
+// up to 29 digits, no exponent), read straight into the decimal that
+// Decimal96::fromText would give: every digit from the first nonzero one
+// kept, typed trailing zeros included, the scale the count of digits behind
+// the point, a zero at scale 0 with its sign. False for any other text
+// (an exponent, a digit beyond the 29th or behind the 28th place, a
+// mantissa of 2^96 or more, or not a number at all): the caller reads it
+// the long way.
+static bool 快读十进制(QStringView t, Decimal96& out) {
+    const char16_t* c = reinterpret_cast<const char16_t*>(t.data());
+    const char16_t* const e = c + t.size();
+    bool 负 = false;
+    if (c < e && (*c == u'+' || *c == u'-')) 负 = *c++ == u'-';
+    unsigned __int128 m = 0;
+    int 有效 = 0, 小数 = 0;
+    bool 点 = false, 数字 = false;
+    for (; c < e; ++c) {
+        const char16_t u = *c;
+        if (u >= u'0' && u <= u'9') {
+            数字 = true;
+            if (点) ++小数;
+            if (有效 > 0 || u != u'0') {
+                if (++有效 > 29) return false;
+                m = m * 10 + (u - u'0');
+            }
+        } else if (u == u'.' && !点) {
+            点 = true;
+        } else {
+            return false;
+        }
+    }
+    if (!数字) return false;
+    if (m == 0) {
+        out = Decimal96::fromParts64(0, 0, 负, 0);
+        return true;
+    }
+    if (小数 > Decimal96::kMaxScale || (m >> 96) != 0) return false;
+    out = Decimal96::fromParts64(static_cast<std::uint64_t>(m), static_cast<std::uint32_t>(m >> 64), 负, 小数);
+    return true;
+}
+
 转换结果 数转数核心(const 数值& x, 数值& out) {
     if (x.是文本()) {
         QStringView t(x.文本值());
@@ -225,6 +266,10 @@ static 文本数形 十进制形状(const Decimal96& r) {
         // count of digits from the same place, or it was rounded) takes the
         // full rule.
         Decimal96 r;
+        if (公共.高精度开关 && 快读十进制(t, r) && 十进制无需双精度(r)) {
+            out = 数值(r);  // held exactly
+            return 转换结果::十进制;
+        }
         if (公共.高精度开关 && Decimal96::fromText(t, r) == Decimal96::Status::Ok && 十进制无需双精度(r)) {
             const 文本数形 a = 文本形状(t), b = 十进制形状(r);
             if (a.有效 == b.有效 && (a.有效 == 0 || a.首位 == b.首位)) {
