@@ -143,16 +143,17 @@ QString 加垫(QStringView s) {
     return t;
 }
 
-// True when 符号规整 would give the text back unchanged: no blank, no two
-// signs together, nothing to upper-case (anything beyond ASCII is left to
-// the full path).
-bool 已规整(QStringView s) {
-    char16_t 前 = 0;
+// True when 符号规整 would give the text back unchanged: no blank, no pair
+// that one of its folds replaces ("++" "-+", with 四折 also "--" "+-"),
+// nothing to upper-case (anything beyond ASCII is left to the full path).
+bool 已规整(QStringView s, bool 四折) {
+    bool 前符 = false;
     for (const QChar c : s) {
         const char16_t u = c.unicode();
         if (u == u' ' || u >= 0x80 || (u >= u'a' && u <= u'z')) return false;
-        if ((u == u'+' || u == u'-') && (前 == u'+' || 前 == u'-')) return false;
-        前 = u;
+        const bool 符 = u == u'+' || u == u'-';
+        if (前符 && (u == u'+' || (四折 && 符))) return false;
+        前符 = 符;
     }
     return true;
 }
@@ -164,8 +165,9 @@ bool 已规整(QStringView s) {
 // does not matter), and the sign folds run in place, only where two signs
 // stand together (elsewhere they change nothing).
 QString 符号规整(const QString& s, bool 四折, bool 垫空) {
-    if (垫空 ? s.size() >= 3 && s.front() == u' ' && s.back() == u' ' && 已规整(QStringView(s).mid(1, s.size() - 2))
-             : !s.isEmpty() && 已规整(s))
+    if (垫空 ? s.size() >= 3 && s.front() == u' ' && s.back() == u' ' &&
+                   已规整(QStringView(s).mid(1, s.size() - 2), 四折)
+             : !s.isEmpty() && 已规整(s, 四折))
         return s;
     const qsizetype 垫 = 垫空 ? 1 : 0;
     QString t(s.size() + 2 * 垫, Qt::Uninitialized);
@@ -493,7 +495,7 @@ bool 加减运算(QString& t) {
     // Once t reads back unchanged through 合并正负号, it stays so while
     // values that do so too replace its head (a number text ends in a
     // digit, so no two signs meet at the seam): the fold is then skipped.
-    bool 已整 = 已规整(t);
+    bool 已整 = 已规整(t, true);
     for (int 轮 = 0; 轮 < 扫描上限; ++轮) {
         int i = 2;
         bool 找到 = false;
@@ -513,12 +515,12 @@ bool 加减运算(QString& t) {
         // v's text and what stands behind b: t from 后 on.
         const int 后 = i + 1 + txt::len(b);
         const QString 值 = txt::trim(v.文本());
-        已整 = 已整 && !值.isEmpty() && 已规整(值) && !是符号(值.back());
+        已整 = 已整 && !值.isEmpty() && 已规整(值, true) && !是符号(值.back());
         if (后 <= txt::len(t)) t.replace(0, 后 - 1, 值);
         else t = 值;
         if (!已整) {
             t = 合并正负号(t);
-            已整 = 已规整(t);
+            已整 = 已规整(t, true);
         }
     }
     运行时故障报告(t);
