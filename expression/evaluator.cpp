@@ -15,9 +15,10 @@
 #include "shell/interaction.h"
 #include "shell/state.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
-#include <vector>
+#include <utility>
 
 namespace {
 
@@ -58,6 +59,40 @@ void 读数失败(const QString& 片段, const QString& 细节, const QString& �
 
 int 计数(const QString& s, QChar c) { return static_cast<int>(s.count(c)); }
 
+// QString::toUpper for the characters an expression holds: ASCII and the
+// Greek π ε (to Π Ε) are folded in place; false at any other character
+// beyond ASCII, which is left to QString::toUpper (folding what was done
+// already again changes nothing).
+bool 简单大写(QChar* w, qsizetype n) {
+    for (qsizetype i = 0; i < n; ++i) {
+        const char16_t u = w[i].unicode();
+        if (u < 0x80) {
+            if (u >= u'a' && u <= u'z') w[i] = QChar(u - (u'a' - u'A'));
+        } else if (u == u'π') {
+            w[i] = QChar(u'Π');
+        } else if (u == u'ε') {
+            w[i] = QChar(u'Ε');
+        } else if (u != u'Π' && u != u'Ε') {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool 需大写(const QString& t) {
+    for (const QChar c : t) {
+        const char16_t u = c.unicode();
+        if ((u >= u'a' && u <= u'z') || u >= 0x80) return true;
+    }
+    return false;
+}
+
+QString 大写(QString t) {
+    if (!需大写(t)) return t;
+    if (!简单大写(t.data(), t.size())) return t.toUpper();
+    return t;
+}
+
 }  // namespace
 
 namespace 求值内部 {
@@ -81,44 +116,115 @@ QString 取字母串(const QString& s, int p) {
 }
 
 namespace {
-// These two run several times per operator; the replacements only matter
-// where two signs stand together, so a text without such a pair skips them
-// (the result is the same).
-bool 有相邻符号(const QString& t) {
-    for (qsizetype i = 0; i + 1 < t.size(); ++i)
-        if (是符号(t[i]) && 是符号(t[i + 1])) return true;
-    return false;
-}
-
-QString 去空白(const QString& s) {
-    QString t = s;
-    if (t.contains(u' ')) t.remove(u' ');
-    if (t.contains(QChar(0x3000))) t.remove(QChar(0x3000));
-    return t;
+// "ab" → r over w[0..n), left to right, pairs not overlapping: what
+// QString::replace of the two-unit text by the one unit does, in place.
+void 折叠(QChar* w, qsizetype& n, char16_t a, char16_t b, char16_t r) {
+    qsizetype o = 0;
+    for (qsizetype i = 0; i < n;) {
+        if (i + 1 < n && w[i] == a && w[i + 1] == b) {
+            w[o++] = QChar(r);
+            i += 2;
+        } else {
+            w[o++] = w[i++];
+        }
+    }
+    n = o;
 }
 }  // namespace
 
-QString 整理符号(const QString& s) {
-    QString t = 去空白(s);
-    if (t.isEmpty()) return QStringLiteral("0");
-    if (有相邻符号(t)) {
-        t.replace(QStringLiteral("++"), QStringLiteral("+"));
-        t.replace(QStringLiteral("-+"), QStringLiteral("-"));
-    }
-    return t.toUpper();
+namespace 求值内部 {
+
+QString 加垫(QStringView s) {
+    QString t;
+    t.reserve(s.size() + 2);
+    t.append(u' ');
+    t.append(s);
+    t.append(u' ');
+    return t;
 }
 
-QString 合并正负号(const QString& s) {
-    QString t = 去空白(s);
-    if (t.isEmpty()) return QStringLiteral("0");
-    if (有相邻符号(t)) {
-        t.replace(QStringLiteral("++"), QStringLiteral("+"));
-        t.replace(QStringLiteral("-+"), QStringLiteral("-"));
-        t.replace(QStringLiteral("--"), QStringLiteral("+"));
-        t.replace(QStringLiteral("+-"), QStringLiteral("-"));
+// True when 符号规整 would give the text back unchanged: no blank, no pair
+// that one of its folds replaces ("++" "-+", with 四折 also "--" "+-"),
+// nothing to upper-case (anything beyond ASCII is left to the full path).
+bool 已规整(QStringView s, bool 四折) {
+    bool 前符 = false;
+    for (const QChar c : s) {
+        const char16_t u = c.unicode();
+        if (u == u' ' || u >= 0x80 || (u >= u'a' && u <= u'z')) return false;
+        const bool 符 = u == u'+' || u == u'-';
+        if (前符 && (u == u'+' || (四折 && 符))) return false;
+        前符 = 符;
     }
-    return t.toUpper();
+    return true;
 }
+
+// These run several times per operator, so they build their answer in one
+// allocation: the text handed in is often tidy already and comes back as
+// it is; else blanks and U+3000 are dropped while copying, the case is
+// folded on the way (ASCII, π ε; the folds touch only signs, so the order
+// does not matter), and the sign folds run in place, only where two signs
+// stand together (elsewhere they change nothing).
+QString 符号规整(const QString& s, bool 四折, bool 垫空) {
+    if (垫空 ? s.size() >= 3 && s.front() == u' ' && s.back() == u' ' &&
+                   已规整(QStringView(s).mid(1, s.size() - 2), 四折)
+             : !s.isEmpty() && 已规整(s, 四折))
+        return s;
+    const qsizetype 垫 = 垫空 ? 1 : 0;
+    QString t(s.size() + 2 * 垫, Qt::Uninitialized);
+    QChar* const w = t.data() + 垫;
+    const char16_t* const 源 = reinterpret_cast<const char16_t*>(s.constData());
+    const qsizetype 长 = s.size();
+    qsizetype n = 0;
+    bool 相邻 = false, 前符 = false, 其他 = false;
+    for (qsizetype k = 0; k < 长; ++k) {
+        char16_t u = 源[k];
+        if (u == u' ' || u == 0x3000) continue;
+        if (static_cast<char16_t>(u - u'a') < 26) {
+            u = static_cast<char16_t>(u - (u'a' - u'A'));
+        } else if (u >= 0x80) {
+            if (u == u'π') u = u'Π';
+            else if (u == u'ε') u = u'Ε';
+            else if (u != u'Π' && u != u'Ε') 其他 = true;
+        }
+        const bool 符 = u == u'+' || u == u'-';
+        相邻 = 相邻 || (符 && 前符);
+        前符 = 符;
+        w[n++] = QChar(u);
+    }
+    if (n == 0) return 垫空 ? QStringLiteral(" 0 ") : QStringLiteral("0");
+    if (相邻) {
+        折叠(w, n, u'+', u'+', u'+');
+        折叠(w, n, u'-', u'+', u'-');
+        if (四折) {
+            折叠(w, n, u'-', u'-', u'+');
+            折叠(w, n, u'+', u'-', u'-');
+        }
+    }
+    if (其他) {  // what QString::toUpper alone knows
+        const QString u = QStringView(w, n).toString().toUpper();
+        return 垫空 ? 加垫(u) : u;
+    }
+    if (垫空) {
+        t[0] = u' ';
+        w[n] = u' ';
+    }
+    t.truncate(n + 2 * 垫);
+    return t;
+}
+
+void 重垫(QString& t) {
+    qsizetype b = 0, e = t.size();
+    while (b < e && t[b] == u' ') ++b;
+    while (e > b && t[e - 1] == u' ') --e;
+    if (b == 1 && e == t.size() - 1) return;  // one blank at each end already
+    t = 加垫(QStringView(t).mid(b, e - b));
+}
+
+}  // namespace 求值内部
+
+QString 整理符号(const QString& s) { return 符号规整(s, false, false); }
+
+QString 合并正负号(const QString& s) { return 符号规整(s, true, false); }
 
 QString 取变量值(QChar c) {
     if (txt::isAsciiDigit(c)) return QString(c);
@@ -138,21 +244,22 @@ QString 取变量值(const QString& c) {
     return 取变量值(c[0]);
 }
 
+// The two readers walk the text in place; the text l or r that a failure
+// quotes is cut out only then.
 QString 向前取数字(const QString& s, int p) {
     if (p > txt::len(s)) p = txt::len(s);
-    // The text up to p is only built for a failure (a copy per operand would
-    // make long expressions quadratic).
-    auto 失败 = [&](const QString& 细节) {
+    if (p < 1) {
         const QString l = txt::left(s, p);
-        读数失败(l, 细节, QStringLiteral("  进行[向前取数字]运算时， "),
+        读数失败(l, 消息无数字, QStringLiteral("  进行[向前取数字]运算时， "),
                  QStringLiteral(" 数值超出计算范围，我无法计算！返回错误信息。"));
         return l;
-    };
-    if (p < 1) return 失败(消息无数字);
+    }
+    const QChar* const 文 = s.constData();
+    const auto d = [文](int i) { return 文[i - 1]; };  // the unit at position i
     int 点 = 0, 数字 = 0, 符号 = 0, e数 = 0;
     int 起点 = 1;
     for (int i = p; i >= 1; --i) {
-        const QChar c = txt::at(s, i);
+        const QChar c = d(i);
         if (c == u'.') ++点;
         else if (txt::isAsciiDigit(c)) ++数字;
         else if (是符号(c)) ++符号;
@@ -160,7 +267,7 @@ QString 向前取数字(const QString& s, int p) {
         if (c == u' ' && 数字 == 0) continue;
         if (是符号(c) && 数字 > 0) {
             if (i == 1) { 起点 = 1; break; }
-            const QChar b = txt::at(s, i - 1);
+            const QChar b = d(i - 1);
             if (b == u' ' || b == u'-' || b == u'+' || b == u'^' || b == u'*' || b == u'/' || b == u'\\') {
                 起点 = i;
                 break;
@@ -172,18 +279,22 @@ QString 向前取数字(const QString& s, int p) {
         if (!(txt::isAsciiDigit(c) || 是E(c) || c == u'.' || 是符号(c))) { 起点 = i + 1; break; }
         起点 = i;
     }
-    QString 细节;
-    if (点 > 1) 细节 = 消息小数点太多;
-    else if (数字 == 0) 细节 = 消息无数字;
-    else if (符号 >= 3) 细节 = 消息太多正负号;
-    else if (e数 > 1) 细节 = 消息多个E;
-    if (!细节.isEmpty()) return 失败(细节);
-    return txt::mid(s, 起点, p - 起点 + 1);
+    const QString* 细节 = nullptr;
+    if (点 > 1) 细节 = &消息小数点太多;
+    else if (数字 == 0) 细节 = &消息无数字;
+    else if (符号 >= 3) 细节 = &消息太多正负号;
+    else if (e数 > 1) 细节 = &消息多个E;
+    if (细节) {
+        const QString l = txt::left(s, p);
+        读数失败(l, *细节, QStringLiteral("  进行[向前取数字]运算时， "),
+                 QStringLiteral(" 数值超出计算范围，我无法计算！返回错误信息。"));
+        return l;
+    }
+    return 起点 > p ? QString() : s.mid(起点 - 1, p - 起点 + 1);
 }
 
 QString 向后取数字(const QString& s, int p) {
     if (p > txt::len(s)) p = txt::len(s);
-    // The text from p on is only built for a failure (see 向前取数字).
     auto 失败 = [&](const QString& 细节) {
         const QString r = txt::mid(s, p);
         读数失败(r, 细节, QStringLiteral("  进行[向后取数字]运算时， "),
@@ -193,9 +304,11 @@ QString 向后取数字(const QString& s, int p) {
     if (p < 1) return 失败(消息无数字);
     int 点 = 0, 数字 = 0, 符号 = 0, e数 = 0;
     int 末 = 0;
-    const int n = txt::len(s) - p + 1;   // the units from p on
+    const QChar* const 文 = s.constData() + (p - 1);
+    const auto r = [文](int i) { return 文[i - 1]; };  // the unit at position i of s from p on
+    const int n = txt::len(s) - p + 1;
     for (int i = 1; i <= n; ++i) {
-        const QChar c = txt::at(s, p + i - 1);
+        const QChar c = r(i);
         if (c == u' ' && 数字 == 0) { 末 = i; continue; }
         if (是符号(c) && 数字 > 0) { 末 = i - 1; break; }
         if (c == u'.') {
@@ -219,7 +332,7 @@ QString 向后取数字(const QString& s, int p) {
     if (数字 < 1) return 失败(消息无数字);
     if (符号 >= 2) return 失败(消息太多正负号);
     if (e数 > 1) return 失败(消息多个E);
-    return 末 < 1 ? QString() : txt::mid(s, p, 末);
+    return 末 < 1 ? QString() : s.mid(p - 1, 末);
 }
 
 // ---------------------------------------------------------------------------
@@ -227,13 +340,19 @@ QString 向后取数字(const QString& s, int p) {
 
 namespace {
 
+// txt::splice in place: n units at 1-based start become `with`.
+void 替换(QString& t, int start, int n, const QString& with) {
+    if (start >= 1 && n >= 0 && start - 1 <= t.size()) t.replace(start - 1, n, with);
+    else t = txt::splice(t, start, n, with);
+}
+
 // Constants: Π/π and Ε/ε become their 29-digit texts.
 void 常数代入(QString& t) {
     for (int i = 2; i <= txt::len(t) - 1 && i < 扫描上限;) {
-        const QChar c = txt::at(t, i);
+        const QChar c = t[i - 1];
         const QString* v = 是圆周率(c) ? &圆周率文本 : 是自然常数(c) ? &自然常数文本 : nullptr;
         if (v) {
-            t = txt::splice(t, i, 1, *v);
+            替换(t, i, 1, *v);
             i += txt::len(*v);
         } else {
             ++i;
@@ -246,8 +365,8 @@ void 常数代入(QString& t) {
 // exponent). A standing-alone O fails.
 bool 变量代入(QString& t) {
     for (int i = 2; i <= txt::len(t) - 1 && i < 扫描上限;) {
-        const QChar c = txt::at(t, i);
-        if (!是大写字母(c) || 是大写字母(txt::at(t, i - 1)) || 是大写字母(txt::at(t, i + 1))) {
+        const QChar c = t[i - 1];
+        if (!是大写字母(c) || 是大写字母(t[i - 2]) || 是大写字母(t[i])) {
             ++i;
             continue;
         }
@@ -255,13 +374,13 @@ bool 变量代入(QString& t) {
             报告错误(QStringLiteral("出错了！式中出现了英文O字母变量！请修改算式后计算。"));
             return false;
         }
-        if (c == u'E' && txt::isAsciiDigit(txt::at(t, i - 1))) {
+        if (c == u'E' && txt::isAsciiDigit(t[i - 2])) {
             ++i;
             continue;
         }
         const QString v = 取变量值(c);
         if (已失败()) return false;
-        t = txt::splice(t, i, 1, v);
+        替换(t, i, 1, v);
         i += txt::len(v);
     }
     return true;
@@ -271,7 +390,7 @@ bool 变量代入(QString& t) {
 // as it shrinks; the bound is the length at the start (so in "100%+3!" the
 // "!" is passed by, and the sums read 1+3).
 bool 后缀运算(QString& t) {
-    t = QStringLiteral(" ") + txt::trim(t) + QStringLiteral(" ");
+    重垫(t);
     const int 上限 = txt::len(t);
     for (int i = 2; i <= 上限 && i < 扫描上限; ++i) {
         const QChar c = txt::at(t, i);
@@ -292,7 +411,7 @@ bool 后缀运算(QString& t) {
                 return false;
             }
             if (已失败()) return false;
-            t = txt::splice(t, i - txt::len(x), txt::len(x) + 1, txt::trim(v.文本()));
+            替换(t, i - txt::len(x), txt::len(x) + 1, txt::trim(v.文本()));
             continue;
         }
         // Factorial of the magnitude: the sign (and anything ahead of a
@@ -322,24 +441,28 @@ bool 后缀运算(QString& t) {
             }
             积 = 下一个;
         }
-        t = txt::splice(t, i - txt::len(m), txt::len(m) + 1, 积.toText());
+        替换(t, i - txt::len(m), txt::len(m) + 1, 积.toText());
     }
     return true;
 }
 
 // * / \ of equal rank, left to right, restarting after each.
 bool 乘除运算(QString& t) {
-    t = QStringLiteral(" ") + txt::trim(t) + QStringLiteral(" ");
+    重垫(t);
+    // Each round scans from position 2; ahead of the last value written
+    // there is no operator left (the previous round passed over it, and a
+    // number text holds none), so the scan may begin at that value.
+    int 起 = 2;
     for (int 轮 = 0; 轮 < 扫描上限; ++轮) {
-        int i = 2;
+        int i = 起;
         const int n = txt::len(t);
         while (i <= n) {
-            const QChar c = txt::at(t, i);
+            const QChar c = t[i - 1];
             if (c == u'*' || c == u'/' || c == u'\\') break;
             ++i;
         }
         if (i > n) return true;
-        const QChar op = txt::at(t, i);
+        const QChar op = t[i - 1];
         const QString a = 向前取数字(t, i - 1);
         if (已失败()) return false;
         const QString b = 向后取数字(t, i + 1);
@@ -358,7 +481,8 @@ bool 乘除运算(QString& t) {
             v = 求两数商(a, b);
         }
         if (已失败()) return false;
-        t = txt::splice(t, i - txt::len(a), txt::len(a) + 1 + txt::len(b), txt::trim(v.文本()));
+        替换(t, i - txt::len(a), txt::len(a) + 1 + txt::len(b), txt::trim(v.文本()));
+        起 = std::max(2, i - txt::len(a));
     }
     运行时故障报告(t);
     return false;
@@ -368,12 +492,16 @@ bool 乘除运算(QString& t) {
 // the start by now), signs are folded again, and the scan restarts.
 bool 加减运算(QString& t) {
     t = 合并正负号(t);
+    // Once t reads back unchanged through 合并正负号, it stays so while
+    // values that do so too replace its head (a number text ends in a
+    // digit, so no two signs meet at the seam): the fold is then skipped.
+    bool 已整 = 已规整(t, true);
     for (int 轮 = 0; 轮 < 扫描上限; ++轮) {
         int i = 2;
         bool 找到 = false;
         while (i <= txt::len(t) - 1) {
-            const QChar c = txt::at(t, i);
-            const QChar b = txt::at(t, i - 1);
+            const QChar c = t[i - 1];
+            const QChar b = t[i - 2];
             if (是符号(c) && !是E(b) && b != u' ') { 找到 = true; break; }
             ++i;
         }
@@ -382,9 +510,18 @@ bool 加减运算(QString& t) {
         if (已失败()) return false;
         const QString b = 向后取数字(t, i + 1);
         if (已失败()) return false;
-        const 数值 v = txt::at(t, i) == u'+' ? 求两数和(a, b) : 求两数差(a, b);
+        const 数值 v = t[i - 1] == u'+' ? 求两数和(a, b) : 求两数差(a, b);
         if (已失败()) return false;
-        t = 合并正负号(txt::trim(v.文本()) + txt::mid(t, i + 1 + txt::len(b)));
+        // v's text and what stands behind b: t from 后 on.
+        const int 后 = i + 1 + txt::len(b);
+        const QString 值 = txt::trim(v.文本());
+        已整 = 已整 && !值.isEmpty() && 已规整(值, true) && !是符号(值.back());
+        if (后 <= txt::len(t)) t.replace(0, 后 - 1, 值);
+        else t = 值;
+        if (!已整) {
+            t = 合并正负号(t);
+            已整 = 已规整(t, true);
+        }
     }
     运行时故障报告(t);
     return false;
@@ -392,11 +529,11 @@ bool 加减运算(QString& t) {
 
 QString 无括号计算过程(const QString& 文本) {
     if (已失败()) return QStringLiteral("1");
-    QString t = 文本.toUpper();
+    QString t = 大写(文本);
     if (t.isEmpty()) return QStringLiteral("0");
     if (txt::len(t) == 1) return 取变量值(t[0]);
 
-    t = QStringLiteral(" ") + 整理符号(t) + QStringLiteral(" ");
+    t = 符号规整(t, false, true);
     常数代入(t);
     if (!变量代入(t)) return QStringLiteral("1");
     if (!函数运算(t)) return QStringLiteral("1");
@@ -427,7 +564,7 @@ namespace {
 
 QString 表达式计算过程(const QString& 文本) {
     if (公共.错误数 >= 1) return QStringLiteral("1");
-    QString t = txt::trim(文本).toUpper();
+    QString t = 大写(txt::trim(文本));
     if (t.isEmpty()) return QStringLiteral("0");
     if (txt::len(t) == 1) return 取变量值(t[0]);
 
@@ -438,20 +575,17 @@ QString 表达式计算过程(const QString& 文本) {
     // Order check. It is made at every inner place, not only behind a "(":
     // a properly nested text passes at every place anyway, and so texts
     // like ")1+2(" or "(1))+((2)" are refused here rather than reaching the
-    // passes with a stray bracket. Prefix counts keep it linear.
+    // passes with a stray bracket. Running counts keep it linear.
     {
         const int n = txt::len(t);
-        std::vector<int> 前开(static_cast<std::size_t>(n) + 1, 0), 前闭(static_cast<std::size_t>(n) + 1, 0);
-        for (int k = 1; k <= n; ++k) {
-            前开[k] = 前开[k - 1] + (txt::at(t, k) == u'(');
-            前闭[k] = 前闭[k - 1] + (txt::at(t, k) == u')');
-        }
+        int l开 = t[0] == u'(' ? 1 : 0, l闭 = t[0] == u')' ? 1 : 0;  // in t up to i - 1
         for (int i = 2; i <= n - 1; ++i) {
-            const int l开 = 前开[i - 1], l闭 = 前闭[i - 1];
-            const int r开 = 前开[n] - l开, r闭 = 前闭[n] - l闭;
+            const int r开 = 开 - l开, r闭 = 闭 - l闭;
             if (l闭 > l开) return 括号失败(txt::left(t, i - 1), 消息括号顺序);
             if (r开 > r闭) return 括号失败(txt::mid(t, i), 消息括号顺序);
             if (l开 - l闭 != r闭 - r开) return 括号失败(t, 消息括号无法配对);
+            l开 += t[i - 1] == u'(';
+            l闭 += t[i - 1] == u')';
         }
     }
 
@@ -459,12 +593,12 @@ QString 表达式计算过程(const QString& 文本) {
     // text evaluates to "0").
     // The first innermost pair is the last "(" ahead of the first ")".
     for (int 轮 = 0; 轮 < 开; ++轮) {
-        const int 闭位 = txt::instr(t, QStringLiteral(")"));
+        const int 闭位 = static_cast<int>(t.indexOf(u')')) + 1;
         if (闭位 < 1) break;
-        const int 开位 = txt::instrRev(txt::left(t, 闭位 - 1), QStringLiteral("("));
+        const int 开位 = 闭位 >= 2 ? static_cast<int>(t.lastIndexOf(u'(', 闭位 - 2)) + 1 : 0;
         if (开位 < 1) break;
         const QString v = 无括号表达式计算(txt::mid(t, 开位 + 1, 闭位 - 开位 - 1));
-        t = txt::splice(t, 开位, 闭位 - 开位 + 1, v);
+        替换(t, 开位, 闭位 - 开位 + 1, v);
         if (已失败()) return QStringLiteral("1");
     }
 

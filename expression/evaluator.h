@@ -75,4 +75,11 @@ namespace 求值内部 {
 inline bool 已失败() { return 公共.错误数 > 0; }
 // The run-time fault report of 无括号表达式计算 for the working text.
 void 运行时故障报告(const QString& 文本);
+// " " + s + " ".
+QString 加垫(QStringView s);
+// 整理符号 (四折 false) or 合并正负号 (四折 true), padded with one blank
+// at each end when 垫空.
+QString 符号规整(const QString& s, bool 四折, bool 垫空);
+// t becomes " " + t trimmed + " ".
+void 重垫(QString& t);
 }  // namespace 求值内部

@@ -15,6 +15,7 @@
 #include "shell/interaction.h"
 #include "shell/state.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace 求值内部;
@@ -217,9 +218,9 @@ bool 是函数名(const QString& w) {
 }
 
 bool 函数运算(QString& t) {
-    t = QStringLiteral(" ") + 整理符号(t) + QStringLiteral(" ");
+    t = 符号规整(t, false, true);
     for (int i = 2; i <= txt::len(t) && i < 扫描上限; ++i) {
-        const QChar c = txt::at(t, i);
+        const QChar c = t[i - 1];
         if (c.unicode() < u'A' || c.unicode() > u'Z') continue;
         const QString w = 取字母串(t, i);
         if (w == u"E") continue;  // an exponent
@@ -231,15 +232,17 @@ bool 函数运算(QString& t) {
         if (已失败()) return false;
         数值 v;
         if (!计算函数(w, 数值(a), v)) return false;  // may throw: run-time report upstream
-        t = txt::splice(t, i, txt::len(w) + txt::len(a), txt::trim(v.文本()));
+        t.replace(i - 1, txt::len(w) + txt::len(a), txt::trim(v.文本()));
     }
     return true;
 }
 
 bool 乘方运算(QString& t) {
-    t = QStringLiteral(" ") + 整理符号(t) + QStringLiteral(" ");
+    t = 符号规整(t, false, true);
+    // As in the products: no "^" is left ahead of the last value written.
+    int 起 = 2;
     for (int 轮 = 0; 轮 < 扫描上限; ++轮) {
-        const int i = txt::instr(t, QStringLiteral("^"), 2);
+        const int i = txt::instr(t, QChar(u'^'), 起);
         if (i < 1) return true;
         const QString a = 向前取数字(t, i - 1);
         if (已失败()) return false;
@@ -247,7 +250,8 @@ bool 乘方运算(QString& t) {
         if (已失败()) return false;
         const 数值 v = 乘方(数值(a), 数值(b));
         if (已失败()) return false;
-        t = txt::splice(t, i - txt::len(a), txt::len(a) + 1 + txt::len(b), txt::trim(v.文本()));
+        t.replace(i - 1 - txt::len(a), txt::len(a) + 1 + txt::len(b), txt::trim(v.文本()));
+        起 = std::max(2, i - txt::len(a));
     }
     运行时故障报告(t);
     return false;

@@ -6,6 +6,7 @@
 #include "shell/state.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -94,53 +95,9 @@ static int 双精度文本有效位数(double d) {
 constexpr double k十进制上界 = 7.92281625142642E+28;
 constexpr double k十进制下界 = 1E-28;
 
-// A number text the decimal holds exactly and within its range whatever
-// its digits: an optional "-", 1..14 integer digits, an optional point with
-// 1..28 fraction digits, 28 digits at most in all (leading and trailing
-// zeros included).
-static bool 是直读数字(const QString& x) {
-    const qsizetype n = x.size();
-    const QChar* p = x.constData();
-    qsizetype i = (n > 0 && p[0] == u'-') ? 1 : 0;
-    const qsizetype 起 = i;
-    while (i < n && txt::isAsciiDigit(p[i])) ++i;
-    const qsizetype 整数位 = i - 起;
-    if (整数位 < 1 || 整数位 > 14) return false;
-    if (i == n) return true;
-    if (p[i] != u'.') return false;
-    const qsizetype 小数起 = ++i;
-    while (i < n && txt::isAsciiDigit(p[i])) ++i;
-    const qsizetype 小数位 = i - 小数起;
-    return i == n && 小数位 >= 1 && 整数位 + 小数位 <= 28;
-}
-
-转换结果 数转数核心(const 数值& x, 数值& out) {
-    // Two common cases settle early, with the outcome the general road
-    // below reaches: a decimal whose double lies in the decimal's range
-    // stays itself (its digits, fewer than 15 or not, never lose to the
-    // double's text, which repeats them); a short plain number text is the
-    // decimal it reads as (exact, and within the range), its digits again
-    // never losing to the double's.
-    if (公共.高精度开关) {
-        if (x.是十进制()) {
-            const double d = x.十进制值().toDouble();
-            if (d == 0.0 || (d > -k十进制上界 && d <= -k十进制下界) || (d >= k十进制下界 && d < k十进制上界)) {
-                out = x;
-                return 转换结果::十进制;
-            }
-        } else if (x.是文本() && 是直读数字(x.文本值())) {
-            Decimal96 r;
-            if (Decimal96::fromText(x.文本值(), r) == Decimal96::Status::Ok) {
-                out = 数值(r);
-                return 转换结果::十进制;
-            }
-        }
-    }
-    const 数值 v = 修剪值(x);
-    if (v.是空()) {
-        out = 数值(Decimal96());
-        return 转换结果::十进制;
-    }
+// The rule in full, for any value: the double d decides the bounds, the
+// decimal made from the value itself must keep as many digits as d's text.
+static 转换结果 一般转换(const 数值& v, 数值& out) {
     double d = 0.0;
     if (!转双精度(v, d)) return 转换结果::失败;
     if (!公共.高精度开关) {
@@ -163,6 +120,174 @@ static bool 是直读数字(const QString& x) {
     }
     out = 数值(d);
     return 转换结果::落双精度;
+}
+
+// A decimal r that holds its number exactly, below 1E+28 in magnitude,
+// passes the rule above unchanged, so neither d nor its text is needed:
+//   * a nonzero decimal is at least 1E-28, so d lies within the bounds;
+//   * with fewer than 15 significant digits, d printed to 15 digits gives
+//     back r's digits (any decimal of up to 15 digits survives the trip
+//     through a double), so d's text counts as many digits as r's.
+static bool 十进制无需双精度(const Decimal96& r) {
+    // Below 1E+28: any fraction does (the mantissa stays under 2^96 < 1E+29),
+    // an integer needs a mantissa below 0x204FCE5E << 64 (just under 1E+28).
+    return r.scale() > 0 || r.hi() < 0x204FCE5Eu;
+}
+
+// The shape of a number text that Decimal96::fromText accepted: how many
+// digits lie from the first nonzero one to the last, and where the first
+// one stands (the number is 0.d1d2... × 10^首位).
+struct 文本数形 {
+    int 有效 = 0;              // 0 for a zero
+    std::int64_t 首位 = 0;
+};
+
+static 文本数形 文本形状(QStringView t) {
+    文本数形 f;
+    std::int64_t 整数位 = 0, 序 = 0, 首 = -1, 末 = -1;
+    bool 见点 = false;
+    qsizetype i = 0;
+    const qsizetype n = t.size();
+    if (i < n && (t[i] == u'+' || t[i] == u'-')) ++i;
+    for (; i < n; ++i) {
+        const char16_t c = t[i].unicode();
+        if (c >= u'0' && c <= u'9') {
+            if (c != u'0') {
+                if (首 < 0) 首 = 序;
+                末 = 序;
+            }
+            if (!见点) ++整数位;
+            ++序;
+        } else if (c == u'.') {
+            见点 = true;
+        } else {
+            break;
+        }
+    }
+    if (首 < 0) return f;
+    std::int64_t 指数 = 0;
+    if (i < n) {  // E or e, as the parser has checked
+        ++i;
+        bool 负 = false;
+        if (i < n && (t[i] == u'+' || t[i] == u'-')) 负 = t[i++] == u'-';
+        for (; i < n; ++i)
+            if (指数 < 1000000000) 指数 = 指数 * 10 + (t[i].unicode() - u'0');
+        if (负) 指数 = -指数;
+    }
+    f.有效 = static_cast<int>(末 - 首 + 1);
+    f.首位 = 整数位 - 首 + 指数;
+    return f;
+}
+
+// Decimal digits of m > 0 (m < 2^96): the bit length gives the count or
+// one more, the table of powers decides.
+static int 十进位数(unsigned __int128 m) {
+    static const auto 幂 = [] {
+        std::array<unsigned __int128, 30> p{};
+        p[0] = 1;
+        for (std::size_t k = 1; k < p.size(); ++k) p[k] = p[k - 1] * 10;
+        return p;
+    }();
+    const std::uint64_t hi = static_cast<std::uint64_t>(m >> 64);
+    const int 位长 = hi ? 128 - __builtin_clzll(hi) : 64 - __builtin_clzll(static_cast<std::uint64_t>(m));
+    const int t = (位长 * 1233) >> 12;  // floor(log10(2^位长)), give or take one
+    return t - (m < 幂[static_cast<std::size_t>(t)]) + 1;
+}
+
+// The same shape for a decimal.
+static 文本数形 十进制形状(const Decimal96& r) {
+    文本数形 f;
+    unsigned __int128 m = (static_cast<unsigned __int128>(r.hi()) << 64) | r.lo64();
+    if (m == 0) return f;
+    const int 位数 = 十进位数(m);
+    int 尾零 = 0;
+    // m mod 10 from the two halves: 2^64 leaves 6.
+    while ((static_cast<std::uint64_t>(m >> 64) % 10 * 6 + static_cast<std::uint64_t>(m) % 10) % 10 == 0) {
+        m /= 10;
+        ++尾零;
+    }
+    f.有效 = 位数 - 尾零;
+    f.首位 = 位数 - r.scale();
+    return f;
+}
+
+// The plain texts a calculation writes and reads back ("-12.5", "0.0034",
+// up to 29 digits, no exponent), read straight into the decimal that
+// Decimal96::fromText would give: every digit from the first nonzero one
+// kept, typed trailing zeros included, the scale the count of digits behind
+// the point, a zero at scale 0 with its sign. False for any other text
+// (an exponent, a digit beyond the 29th or behind the 28th place, a
+// mantissa of 2^96 or more, or not a number at all): the caller reads it
+// the long way.
+static bool 快读十进制(QStringView t, Decimal96& out) {
+    const char16_t* c = reinterpret_cast<const char16_t*>(t.data());
+    const char16_t* const e = c + t.size();
+    bool 负 = false;
+    if (c < e && (*c == u'+' || *c == u'-')) 负 = *c++ == u'-';
+    unsigned __int128 m = 0;
+    int 有效 = 0, 小数 = 0;
+    bool 点 = false, 数字 = false;
+    for (; c < e; ++c) {
+        const char16_t u = *c;
+        if (u >= u'0' && u <= u'9') {
+            数字 = true;
+            if (点) ++小数;
+            if (有效 > 0 || u != u'0') {
+                if (++有效 > 29) return false;
+                m = m * 10 + (u - u'0');
+            }
+        } else if (u == u'.' && !点) {
+            点 = true;
+        } else {
+            return false;
+        }
+    }
+    if (!数字) return false;
+    if (m == 0) {
+        out = Decimal96::fromParts64(0, 0, 负, 0);
+        return true;
+    }
+    if (小数 > Decimal96::kMaxScale || (m >> 96) != 0) return false;
+    out = Decimal96::fromParts64(static_cast<std::uint64_t>(m), static_cast<std::uint32_t>(m >> 64), 负, 小数);
+    return true;
+}
+
+转换结果 数转数核心(const 数值& x, 数值& out) {
+    if (x.是文本()) {
+        QStringView t(x.文本值());
+        while (!t.isEmpty() && t.front() == u' ') t = t.mid(1);
+        while (!t.isEmpty() && t.back() == u' ') t.chop(1);
+        if (t.isEmpty()) {
+            out = 数值(Decimal96());
+            return 转换结果::十进制;
+        }
+        // The usual case, a text that the decimal holds exactly: one
+        // reading. A text that the decimal rounds (by its shape: the same
+        // count of digits from the same place, or it was rounded) takes the
+        // full rule.
+        Decimal96 r;
+        if (公共.高精度开关 && 快读十进制(t, r) && 十进制无需双精度(r)) {
+            out = 数值(r);  // held exactly
+            return 转换结果::十进制;
+        }
+        if (公共.高精度开关 && Decimal96::fromText(t, r) == Decimal96::Status::Ok && 十进制无需双精度(r)) {
+            const 文本数形 a = 文本形状(t), b = 十进制形状(r);
+            if (a.有效 == b.有效 && (a.有效 == 0 || a.首位 == b.首位)) {
+                out = 数值(r);
+                return 转换结果::十进制;
+            }
+        }
+        return 一般转换(数值(t.toString()), out);
+    }
+    if (x.是空()) {
+        out = 数值(Decimal96());
+        return 转换结果::十进制;
+    }
+    if (x.是十进制() && 公共.高精度开关 && 十进制无需双精度(x.十进制值())) {
+        out = x;
+        return 转换结果::十进制;
+    }
+    return 一般转换(x, out);
 }
 
 }  // namespace guarded_detail

@@ -43,6 +43,25 @@ bool 离零进一(const QString& I, int 符, Decimal96& out) {
     return (符 > 0 ? Decimal96::add(i, one, out) : Decimal96::sub(i, one, out)) == Decimal96::Status::Ok;
 }
 
+// The digit rule below for a decimal, without its texts. The fraction
+// digits F are those of the normalised value (a decimal's text drops
+// trailing zeros); the answer keeps the representation that reading
+// I + "." + G back would give: scale d, or 0 after a roll-over into the
+// integer part, and scale 0 for a zero (keeping a minus sign).
+Decimal96 十进制四舍五入(const Decimal96& a, int d) {
+    const Decimal96 n = a.normalized();
+    if (n.scale() == 0) return a;              // no fraction digits: a itself
+    if (n.scale() <= d) return n;              // F as it stands
+    Decimal96 r = n.rounded(d, Decimal96::Rounding::HalfAwayFromZero);
+    if (r.isZero()) return Decimal96::fromParts64(0, 0, r.negative(), 0);
+    if (d > 0) {
+        const Decimal96 截 = n.rounded(d, Decimal96::Rounding::TowardZero);
+        const bool 进位 = r.lo64() != 截.lo64() || r.hi() != 截.hi();
+        if (进位 && r.normalized().scale() == 0) r = r.normalized();  // 0.999 → 1
+    }
+    return r;
+}
+
 // The integer and fraction texts of a converted value; see the two public
 // procedures below for the rules.
 QString 整数部分文本(const 数值& a) {
@@ -94,6 +113,7 @@ QString 小数部分文本(const 数值& a) {
         记录精度损失();
         return 数值(r);
     }
+    if (a.是十进制()) return 数值(十进制四舍五入(a.十进制值(), d));  // never an E in its text
     if (E位置(修剪文本(a)) >= 1) {
         // Beyond the plain form: ties to even, in the value's own kind.
         d = std::min(d, 15);
@@ -246,6 +266,10 @@ int 显示宽度(const QString& t) {
     int w = 0;
     for (qsizetype i = 0; i < t.size(); ++i) {
         char32_t c = t[i].unicode();
+        if (c < k双宽区间[0].起) {  // below the first wide block: digits, signs, blanks ...
+            ++w;
+            continue;
+        }
         if (QChar::isHighSurrogate(c) && i + 1 < t.size() && t[i + 1].isLowSurrogate()) {
             c = QChar::surrogateToUcs4(t[i], t[i + 1]);
             ++i;

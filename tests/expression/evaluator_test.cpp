@@ -308,11 +308,43 @@ TEST_F(求值, 符号整理) {
         {u"1+++2", u"1++2", u"1++2"},   // one pass from the left
         {u"1+--2", u"1+--2", u"1++2"},  // three signs fold only in part
         {u"sin　x", u"SINX", u"SINX"},
+        {u"1-+-+2", u"1--2", u"1+2"},
+        {u"2*π+ε", u"2*Π+Ε", u"2*Π+Ε"},
     };
     for (const auto& c : 表) {
         const QString in = QString::fromUtf16(c.入);
         EXPECT_EQ(整理符号(in), QString::fromUtf16(c.整理)) << in.toStdString();
         EXPECT_EQ(合并正负号(in), QString::fromUtf16(c.合并)) << in.toStdString();
+    }
+}
+
+// Paths the rewriting takes short: the scans of products and powers go on
+// behind the last value written, the sums skip folding a tidy text, plain
+// number texts are read straight into the decimal.
+TEST_F(求值, 改写捷径) {
+    逐例({
+        {u"2*3*4/2\\5", u"2"},
+        {u"1+2*3^2^2*2", u"325"},
+        {u"5--3+-2-+1", u"5"},
+        {u"5+--3", u"8"},
+        {u"1-+-2", u"3"},
+        {u"1+2-3+4-5+6", u"5"},
+        {u"π-Π", u"0"},
+        {u"ε*2", u"5.4365636569180904707205749428"},
+        {u"1.50*2", u"3"},
+        {u"-0.0+5", u"5"},
+        {u"0.10+0.20", u"0.3"},
+    });
+    struct 项 { const char16_t* 算式; const char16_t* 结果; int 位数; };
+    const 项 表[] = {
+        {u"1.2345678901234567890123456789*1", u"1.2345678901234567890123456789", 29},
+        {u"99999999999999999999999999999+1", u"1E+29", 15},
+        {u"0.00000000000000000000000000012345*1", u"1.2345E-28", 15},
+    };
+    for (const auto& c : 表) {
+        清除计算状态();
+        EXPECT_EQ(表达式计算(QString::fromUtf16(c.算式)), QString::fromUtf16(c.结果));
+        EXPECT_EQ(公共.可达有效位数, c.位数) << QString::fromUtf16(c.算式).toStdString();
     }
 }
 
