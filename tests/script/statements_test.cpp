@@ -248,17 +248,5 @@ TEST_F(运行, FormulasOfTheAtlas) {
     double 方 = 0;
     for (double v : {12.345, 23.456, 34.567, 45.678, 19.07}) 方 += (v - 27.0232) * (v - 27.0232);
     EXPECT_NEAR(出.section(u" = "_qs, -1).toDouble(), std::sqrt(方 / 4), 6e-9);
-    // A tariff by condition.
-    for (const auto& [x, 费用] : {std::pair{u"12", u"18"}, std::pair{u"10", u"10"}, std::pair{u"10.5", u"15.75"}}) {
-        重置脚本状态();
-        变量(u'X') = 数值(x);
-        EXPECT_EQ(运行算式(Q(u"IF(X-10)(K=1.5)(K=1);\u2192费用=X*K")), Q(u"费用 = ") + Q(费用));
-    }
-    // Array statements, then a sum, in one script and in its canonical text.
-    重置脚本状态();
-    const QString 脚本 = Q(u"U=(1.5,2.5,3.5);V=(2,2,2);F=\u03A3(1)(3)(U*V);F");
-    EXPECT_EQ(运行算式(脚本), u"15"_qs);
-    重置脚本状态();
-    EXPECT_EQ(运行算式(规整算式(脚本)), u"15"_qs);
     EXPECT_EQ(公共.错误数, 0) << 文(公共.错误记录);
 }

@@ -69,15 +69,6 @@ TEST(括号组, GroupsPositionsAndLastEnd) {
 }
 
 TEST(脚本辅助, SmallReaders) {
-    const struct { const char16_t* 左; char16_t 名; } 目[] = {
-        {u"G", u'G'}, {u"AB", u'A'}, {u"O", u'F'}, {u"OO", u'F'}, {u"", u'F'}, {u"2A", u'F'}, {u"面积", u'F'}, {u"a", u'F'},
-    };
-    for (const auto& e : 目) EXPECT_EQ(目标字母(Q(e.左)), QChar(e.名)) << 文(Q(e.左));
-    const struct { 数值 值; int 号; } 号[] = {
-        {数值(u"-0.000"), 0}, {数值(u"abc"), 0}, {数值(u"0.0000000000000000000000000001"), 1},
-        {数值(u"-1E-05"), -1}, {数值(u"1E+30"), 1}, {数值(-2.5), -1}, {数值(), 0}, {数值(u"0E+5"), 0},
-    };
-    for (const auto& e : 号) EXPECT_EQ(数值符号(e.值), e.号) << 文(e.值.文本());
     const struct { const char16_t* 文; bool 成; std::int32_t 值; } 整[] = {
         {u"2.5", true, 2}, {u"3.5", true, 4}, {u"-2.5", true, -2},
         {u"2.5000000000000000000000000001", true, 3},   // exact on the decimal, not the double
