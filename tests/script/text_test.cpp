@@ -50,6 +50,7 @@ TEST(括号组, GroupsPositionsAndLastEnd) {
         {u"(1)(2)(3)(4)", 1, true, {1, 3, 4, 6, 7, 9, 10, 12}, 12},
         {u"(1)(2)(3)(4)", 0, true, {1, 3, 4, 6, 7, 9, 10, 12}, 12},
         {u"()()()(4)", 1, true, {1, 2, 3, 4, 5, 6, 0, 0}, 6},           // group 3 opens before 6: no group 4
+        {u"\u222B()()()(5)", 1, true, {2, 3, 4, 5, 6, 7, 8, 10}, 10},   // ... at 6, group 4 at 8: both limits
         {u"\u222B(0)(2)(X))(5)", 1, true, {2, 4, 5, 7, 8, 10, 0, 0}, 10},   // a stray ")" ahead of group 4
         {u"\u222B(0)(2)(X)(5", 1, true, {2, 4, 5, 7, 8, 10, 0, 0}, 10},     // an unclosed fourth group
     };
