@@ -121,13 +121,11 @@ TEST(命令行转换, 选项) {
         {{"--mode", "xy2xy", "--separator", ";", "--in-order", "XYH", "--right", "120", 文件}, 0, "ZWX = 120°00′00″"},
         {{"--mode", "xy2xy", "--separator", ";", "--in-order", "XYH", "--right", "122", 文件}, 1, ""},
         {{"--system", "2k", "--mode", "xy2bl", "--separator", ";", "--in-order", "XYH", 文件}, 0, "*** 国家2000 经纬度"},
-        {{"--system", "UTMN", "--mode", "xy2xy", 文件}, 2, ""},
-        {{"--system", "GK", 文件}, 2, ""},
+        {{"--system", "UTMN", "--mode", "xy2xy", 文件}, 2, ""}, {{"--system", "GK", 文件}, 2, ""},
         {{"--in-order", "HXY", 文件}, 2, ""}, {{"--out-order", "X", 文件}, 2, ""}, {{"--mode", "x", 文件}, 2, ""},
         {{"--left", "abc", 文件}, 2, ""}, {{"--right", "181", 文件}, 2, ""}, {{"--separator", ";;", 文件}, 2, ""},
         {{"--limit", "-1", 文件}, 2, ""}, {{"--bogus"}, 2, ""}, {{"--separator", "tab", 文件}, 1, ""},
-        {{d.filePath("none.txt")}, 2, ""},
-        {{"--mode", "bl2xy", 文件}, 1, ""},
+        {{d.filePath("none.txt")}, 2, ""}, {{"--mode", "bl2xy", 文件}, 1, ""},
     };
     for (const auto& t : 表) {
         const auto r = 运行(u"convert"_qs, t.参数);
@@ -191,14 +189,9 @@ TEST(命令行运行, ScriptFromStandardInputOneLineAStatement) {
 
 TEST(命令行运行, BadOptionsAndHelp) {
     const QList<QStringList> 表 = {
-        {u"--angle"_qs, u"45"_qs, u"1"_qs},
-        {u"--decimals"_qs, u"99"_qs, u"1"_qs},
-        {u"--bogus"_qs, u"1"_qs},
-        {u"--set"_qs, u"O=1"_qs, u"1"_qs},
-        {u"--set"_qs, u"X=abc"_qs, u"1"_qs},
-        {u"--list"_qs, u"Q=1,2"_qs, u"1"_qs},
-        {},
-        {u"1"_qs, u"2"_qs},
+        {u"--angle"_qs, u"45"_qs, u"1"_qs}, {u"--decimals"_qs, u"99"_qs, u"1"_qs}, {u"--bogus"_qs, u"1"_qs},
+        {u"--set"_qs, u"O=1"_qs, u"1"_qs}, {u"--set"_qs, u"X=abc"_qs, u"1"_qs}, {u"--list"_qs, u"Q=1,2"_qs, u"1"_qs},
+        {}, {u"1"_qs, u"2"_qs},
     };
     for (const auto& a : 表) {
         const 输出 r = 运行(u"run"_qs, a);

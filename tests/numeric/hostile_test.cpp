@@ -31,21 +31,15 @@ struct 恶意输入 {
 
 const std::vector<恶意输入>& 恶意表() {
     static const std::vector<恶意输入> 表 = {
-        {"empty", QString(), 性::空白},
-        {"blanks", QStringLiteral("   "), 性::空白},
-        {"dashes", QStringLiteral("--"), 性::非数},
-        {"huge exponent", QStringLiteral("1e999999"), 性::非数},
-        {"lone point", QStringLiteral("."), 性::非数},
-        {"E without digits", QStringLiteral("1E+"), 性::非数},
+        {"empty", QString(), 性::空白}, {"blanks", QStringLiteral("   "), 性::空白},
+        {"dashes", QStringLiteral("--"), 性::非数}, {"huge exponent", QStringLiteral("1e999999"), 性::非数},
+        {"lone point", QStringLiteral("."), 性::非数}, {"E without digits", QStringLiteral("1E+"), 性::非数},
         {"10000 nines", QString(10000, u'9'), 性::非数},   // overflows every kind
-        {"10000 junk", QString(10000, u'#'), 性::非数},
-        {"full-width digits", QString::fromUtf8("１２３"), 性::非数},
+        {"10000 junk", QString(10000, u'#'), 性::非数}, {"full-width digits", QString::fromUtf8("１２３"), 性::非数},
         {"Chinese numerals", QString::fromUtf8("一二三"), 性::非数},
         {"embedded NUL", QString(QChar(u'1')) + QChar(u'\0') + QChar(u'2'), 性::非数},
-        {"tab", QStringLiteral("\t1"), 性::非数},
-        {"comma", QStringLiteral("1,5"), 性::非数},
-        {"Infinity", QStringLiteral("-Infinity"), 性::非数},
-        {"lone surrogate", QString(QChar(0xD800)), 性::非数},
+        {"tab", QStringLiteral("\t1"), 性::非数}, {"comma", QStringLiteral("1,5"), 性::非数},
+        {"Infinity", QStringLiteral("-Infinity"), 性::非数}, {"lone surrogate", QString(QChar(0xD800)), 性::非数},
         {"tiny exponent", QStringLiteral("1e-999999"), 性::数},
         {"long valid fraction", QStringLiteral("0.") + QString(9998, u'3'), 性::数},
     };

@@ -70,10 +70,8 @@ TEST_F(程序夹具, TheDataFolderIsTheProgramFolderOrTheUsersCopy) {
         bool 期望程序夹;
     };
     const Case cases[] = {
-        {"build tree", true, false, false, true},
-        {"build tree beats installed", true, true, true, true},
-        {"installed, first start", false, true, false, false},
-        {"installed, later start", false, true, true, false},
+        {"build tree", true, false, false, true}, {"build tree beats installed", true, true, true, true},
+        {"installed, first start", false, true, false, false}, {"installed, later start", false, true, true, false},
         {"nothing anywhere", false, false, false, false},
     };
     for (const auto& c : cases) {

@@ -46,8 +46,7 @@ TEST_F(积分, ValuesAgainstIndependentMidpointSums) {
     const struct { const char16_t* 句; double 期望; } 表[] = {
         {u"F=\u222B(0)(2)(X)(100)", 2.0},
         {u"F=\u222B(2)(0)(X)(100)", 2.0},                            // swapped, same sign
-        {u"F=\u222B(1)(1)(X)(100)", 0.0},
-        {u"F=\u222B(0)(1)(X^2)(10)", 中点和(0, 0.1, 10, 平方)},
+        {u"F=\u222B(1)(1)(X)(100)", 0.0}, {u"F=\u222B(0)(1)(X^2)(10)", 中点和(0, 0.1, 10, 平方)},
         {u"F=\u222B(0)(1)(X^2)", 中点和(0, 0.001, 1000, 平方)},       // default 1000
         {u"F=\u222B(0)(1)(X^2)(0)", 中点和(0, 0.01, 100, 平方)},      // below 1: 100
         {u"F=\u222B(0)(1)(X^2)(2.5)", 中点和(0, 0.5, 2, 平方)},       // half to even
@@ -78,8 +77,7 @@ TEST_F(积分, SuccessRestoresXKeepsOtherLettersAndLowersThePrecision) {
 
 TEST_F(积分, TermFailuresSetTheIntegralError) {
     const struct { const char16_t* 项; const char16_t* 错; } 表[] = {
-        {u"(0)(1)(X)", u"没有定积分符号错误！"},
-        {u"F\u222B(0)(1)(X)", u"定积分符号前有字符错误！"},
+        {u"(0)(1)(X)", u"没有定积分符号错误！"}, {u"F\u222B(0)(1)(X)", u"定积分符号前有字符错误！"},
         {u"\u222B(0)(1)(X)Y", u"定积分算式后有字符错误！"},
         {u"\u222B()()()", u"处理定积分表达式时，发现错误 -- 括号不符合积分配对格式！需要修改表达式！"},
         {u"\u222B(1/0)(1)(X)", u"定积分表达式---参数A计算错误！"},

@@ -78,8 +78,7 @@ TEST_F(运行, ArrowRoundsToOutputDecimalsOrFails) {
     const struct { int 位; const char16_t* 句; const char16_t* 出; } 表[] = {
         {2, u"\u2192A=2/3", u"A = 0.67"},
         {2, u"\u2192A=1.005", u"A = 1.01"},    // half away from zero on the digits
-        {0, u"\u2192N=2.5", u"N = 3"},
-        {8, u"\u2192\u5BBD=1/8", u"\u5BBD = 0.125"},
+        {0, u"\u2192N=2.5", u"N = 3"}, {8, u"\u2192\u5BBD=1/8", u"\u5BBD = 0.125"},
         {3, u"\u2192 =7;", u"7"},              // blank label, closing ";"
     };
     for (const auto& e : 表) {
@@ -107,8 +106,7 @@ TEST_F(累计, SumsOverTheArrays) {
         {u"F=\u03A3(2)(3)(U+W)", u'F', u"28"},       // 3+10 + 5+10
         {u"F=\u03A3(1)(4)(2)", u'F', u"8"},          // a plain repeated sum
         {u"F=\u03A3(1)(2.5)(1)", u'F', u"2"},        // bound rounded half to even
-        {u"F=\u03A3(1)(3.5)(1)", u'F', u"4"},
-        {u"G=\u03A3(1)(3)(U);", u'G', u"9"},
+        {u"F=\u03A3(1)(3.5)(1)", u'F', u"4"}, {u"G=\u03A3(1)(3)(U);", u'G', u"9"},
         {u"OO=\u03A3(1)(3)(U)", u'F', u"9"},
         {u"F=\u03A3(1)(3)(U/10)", u'F', u"0.9"},     // exact decimal sum
     };
@@ -161,10 +159,8 @@ TEST_F(累计, MalformedStatementsFailWithTheLiteral) {
 TEST_F(数组, FillsTheNamedArray) {
     const struct { const char16_t* 句; char16_t 名; const char16_t* 列表; QStringList 元素; } 表[] = {
         {u"U=(1,3,5)", u'U', u"1,3,5,", {u"1"_qs, u"3"_qs, u"5"_qs}},
-        {u"U=(1,3,5,)", u'U', u"1,3,5,", {u"1"_qs, u"3"_qs, u"5"_qs}},
-        {u"V=(7,)", u'V', u"7,", {u"7"_qs}},
-        {u"Q=(1,2)", u'W', u"1,2,", {u"1"_qs, u"2"_qs}},
-        {u"U=1,2,3", u'U', u"1,2,3,", {u"1"_qs, u"2"_qs, u"3"_qs}},
+        {u"U=(1,3,5,)", u'U', u"1,3,5,", {u"1"_qs, u"3"_qs, u"5"_qs}}, {u"V=(7,)", u'V', u"7,", {u"7"_qs}},
+        {u"Q=(1,2)", u'W', u"1,2,", {u"1"_qs, u"2"_qs}}, {u"U=1,2,3", u'U', u"1,2,3,", {u"1"_qs, u"2"_qs, u"3"_qs}},
         {u"U=(1.50,007,-2)", u'U', u"1.50,007,-2,", {u"1.5"_qs, u"7"_qs, u"-2"_qs}},
         {u"U=(1,,3)", u'U', u"1,,3,", {u"1"_qs, u"0"_qs, u"3"_qs}},
         {u"V=(1,2)(3)", u'V', u"1,2,", {u"1"_qs, u"2"_qs}},   // only the first bracket pair
@@ -204,20 +200,15 @@ TEST_F(数组, FailuresKeepTheFormerContent) {
 
 TEST_F(条件, BranchesByTheSignOfTheCondition) {
     const struct { const char16_t* 句; bool 成; const char16_t* F; } 表[] = {
-        {u"IF(1)(F=1)(F=2)", true, u"1"},
-        {u"IF(0)(F=1)(F=2)", true, u"2"},
-        {u"IF(-1)(F=1)(F=2)", true, u"2"},
+        {u"IF(1)(F=1)(F=2)", true, u"1"}, {u"IF(0)(F=1)(F=2)", true, u"2"}, {u"IF(-1)(F=1)(F=2)", true, u"2"},
         {u"IF(0.0000000000000000000000000001)(F=1)(F=2)", true, u"1"},
         {u"IF(0)(F=1)()", true, u"9"},            // short else: no else
         {u"IF(1)(F+1)(G=1)", true, u"9"},         // a branch without "=" is skipped
         {u"IF(1)(O=3)(G=1)", true, u"3"},         // O goes to F
         {u"IF(1)(F=1)(F=0);", true, u"1"},
         {u"IF(1)()(F=0)", false, u"9"},           // short then: an error
-        {u"IF(1)(F=1)(F=0)X", false, u"9"},
-        {u"IF(1)(F=1)(F=0)(G=2)", false, u"9"},
-        {u"XIF(1)(F=1)(F=0)", false, u"9"},
-        {u"IF(1)(F=1)", false, u"9"},
-        {u"IF(1/0)(F=1)(F=2)", false, u"9"},
+        {u"IF(1)(F=1)(F=0)X", false, u"9"}, {u"IF(1)(F=1)(F=0)(G=2)", false, u"9"},
+        {u"XIF(1)(F=1)(F=0)", false, u"9"}, {u"IF(1)(F=1)", false, u"9"}, {u"IF(1/0)(F=1)(F=2)", false, u"9"},
     };
     for (const auto& e : 表) {
         重置脚本状态();

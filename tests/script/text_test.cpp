@@ -114,54 +114,38 @@ TEST_F(规整, CanonicalFormsAndRejections) {
     const struct { const char16_t* 入; const char16_t* 出; } 表[] = {
         {u"", u"0"}, {u"\u4F60\u597D", u"0"},                     // nothing left
         // assignment
-        {u"f = x + 1 ;", u"F = X + 1;  "},
-        {u"AB=2X", u"A = 2 * X;  "},
-        {u"O=5", u"F = 5;  "},
-        {u"2A=5", u"F = 5;  "},
+        {u"f = x + 1 ;", u"F = X + 1;  "}, {u"AB=2X", u"A = 2 * X;  "}, {u"O=5", u"F = 5;  "}, {u"2A=5", u"F = 5;  "},
         {u"ABCDEF=1", u"A = 1;  "},                               // "=" at 7: accepted
         {u"ABCDEFG=1", u"请修改F=0;  "},                          // "=" at 8: rejected
-        {u"=5", u"请修改F=0;  "},
-        {u"F=", u"请修改F=0;  "},
+        {u"=5", u"请修改F=0;  "}, {u"F=", u"请修改F=0;  "},
         // arrow output (labels keep only script characters)
         {u"\u2192AREA=X*Y", u"\u2192AREA = X * Y;  "},
         {u"\u2192\u9762\u79EF=X*Y", u"请修改\u2192F=0;  "},        // the label vanishes
         {u"\u2192ABCDEFGHIJK=1", u"\u2192ABCDEFGHIJK = 1;  "},     // "=" at 13
         {u"\u2192ABCDEFGHIJKL=1", u"请修改\u2192F=0;  "},          // "=" at 14
-        {u"\u2192A=", u"请修改\u2192F=0;  "},
-        {u"X\u2192A=1", u"请修改\u2192F=0;  "},
+        {u"\u2192A=", u"请修改\u2192F=0;  "}, {u"X\u2192A=1", u"请修改\u2192F=0;  "},
         // array: every item followed by a comma
-        {u"U=(1,3,5)", u"U = (1,3,5,);  "},
-        {u"V=(1.50,007)", u"V = (1.5,7,);  "},
-        {u"Q=(1,2)", u"W = (1,2,);  "},
-        {u"U=1,2", u"U = (1,2,);  "},
-        {u"U,=1", u"请修改U=(1,3,5);  "},
-        {u"U=(),5", u"请修改U=(1,3,5);  "},
+        {u"U=(1,3,5)", u"U = (1,3,5,);  "}, {u"V=(1.50,007)", u"V = (1.5,7,);  "}, {u"Q=(1,2)", u"W = (1,2,);  "},
+        {u"U=1,2", u"U = (1,2,);  "}, {u"U,=1", u"请修改U=(1,3,5);  "}, {u"U=(),5", u"请修改U=(1,3,5);  "},
         {u"ABCDEFGHIJKL=1,2", u"请修改U=(1,3,5);  "},              // "=" at 13
         // summation
         {u"G=\u03A3(1)(N)(U*V)", u"G = \u03A3(1)(N)(U * V);  "},
         {u"f=\u03C3(1)(3)(u)", u"F = \u03A3(1)(3)(U);  "},         // σ upper-cases to Σ
         {u"OO=\u03A3(1)(3)(U)", u"F = \u03A3(1)(3)(U);  "},
         {u"F=\u03A3(1)(3)(U)X", u"F = \u03A3(1)(3)(U);  "},        // the tail is not kept
-        {u"\u03A3(1)(3)(U)", u"请修改F=\u03A3(0)(5)(U);  "},
-        {u"ABCD=\u03A3(1)(3)(U)", u"请修改F=\u03A3(0)(5)(U);  "},
+        {u"\u03A3(1)(3)(U)", u"请修改F=\u03A3(0)(5)(U);  "}, {u"ABCD=\u03A3(1)(3)(U)", u"请修改F=\u03A3(0)(5)(U);  "},
         {u"F=\u03A3(1)(3)", u"请修改F=\u03A3(0)(5)(U);  "},
         // integral: 100 strips written when none is given
         {u"F=\u222B(0)(2)(X)", u"F = \u222B(0)(2)(X)(100);  "},
         {u"F=\u222B(0)(2)(X^2)(50)", u"F = \u222B(0)(2)(X ^ 2)(50);  "},
-        {u"G=\u222B(0)(1)(X)", u"G = \u222B(0)(1)(X)(100);  "},
-        {u"\u222B(0)(2)(X)", u"F = \u222B(0)(2)(X)(100);  "},
+        {u"G=\u222B(0)(1)(X)", u"G = \u222B(0)(1)(X)(100);  "}, {u"\u222B(0)(2)(X)", u"F = \u222B(0)(2)(X)(100);  "},
         {u"F=\u222B(0)(2)", u"F = 积分算式的格式应为 \u222B(0)(2)(X)(100);  "},
         // conditional: branches are canonical assignments
-        {u"if(X-1)(F=1)(F=0)", u"If(X - 1)(F = 1)(F = 0);  "},
-        {u"IF(0)(F=1)()", u"If(0)(F = 1)(请修改F=0);  "},
-        {u"XXIF(1)(F=1)(F=0)", u"请修改If(1)(F=1)(F=0);  "},
-        {u"IF(1)(F=1)", u"请修改If(1)(F=1)(F=0);  "},
+        {u"if(X-1)(F=1)(F=0)", u"If(X - 1)(F = 1)(F = 0);  "}, {u"IF(0)(F=1)()", u"If(0)(F = 1)(请修改F=0);  "},
+        {u"XXIF(1)(F=1)(F=0)", u"请修改If(1)(F=1)(F=0);  "}, {u"IF(1)(F=1)", u"请修改If(1)(F=1)(F=0);  "},
         // plain output, several statements, characters outside the alphabet
-        {u"2X+1", u"2 * X + 1;  "},
-        {u"A=1;B=2;A+B", u"A = 1;  B = 2;  A + B;  "},
-        {u"F=X+1;;", u"F = X + 1;  0;  "},
-        {u"F=1\uFF0C2", u"F = 12;  "},
-        {u"F=1\u3000+2", u"F = 1 + 2;  "},
+        {u"2X+1", u"2 * X + 1;  "}, {u"A=1;B=2;A+B", u"A = 1;  B = 2;  A + B;  "}, {u"F=X+1;;", u"F = X + 1;  0;  "},
+        {u"F=1\uFF0C2", u"F = 12;  "}, {u"F=1\u3000+2", u"F = 1 + 2;  "},
     };
     for (const auto& e : 表) EXPECT_EQ(规整算式(Q(e.入)), Q(e.出)) << 文(Q(e.入));
     EXPECT_EQ(规整积分赋值算式(u"F=1"_qs), Q(u"积分赋值算式的格式应为 F=\u222B(0)(2)(X)(100)"));
