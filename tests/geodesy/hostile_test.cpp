@@ -48,7 +48,7 @@ TEST(恶意输入, 随机文本) {
     交互记录作用域 记录;
     std::mt19937 rng(4242);
     std::uniform_int_distribution<int> 长(0, 4000);
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < 100; ++i) {
         const QString s = 随机文本(rng, 长(rng));
         for (int 模式 = 0; 模式 < 3; ++模式) {
             坐标转换设置 设{};
@@ -66,8 +66,7 @@ TEST(恶意输入, 随机文本) {
 TEST(恶意输入, 极端数值的点) {
     交互记录作用域 记录;
     QString s;
-    const char* 值[] = {"1e308", "-1e308", "1e-320", "9e15", "-0", "0", "179.5959", "90", "-90",
-                        "180", "-180", "1E+400", "4e9", "20002200", "360.123", "-3.6e5"};
+    const char* 值[] = {"1e308", "-1e-320", "9e15", "-0", "179.5959", "-90", "180", "1E+400", "20002200", "-3.6e5"};
     for (const char* a : 值)
         for (const char* b : 值) s += QString("P, %1, %2, %1\r\n").arg(a, b);
     for (int 模式 = 0; 模式 < 3; ++模式) {
@@ -82,14 +81,13 @@ TEST(恶意输入, 极端数值的点) {
 }
 
 TEST(恶意输入, 转换过程的极端参数) {
-    const double 坏[] = {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
-                         -std::numeric_limits<double>::infinity(), 1e308, -1e308, 4.9e-324, 0.0, -0.0,
-                         89.99999999, 90, -90, 180, -180, 60999000, 1001000, 239999000, 10002200, 33000000};
-    for (const char* 键 : {"BJ", "UTMS", "WGSN"}) {
+    const double 坏[] = {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), -1e308,
+                         4.9e-324, -0.0, 89.99999999, -180, 60999000, 1001000, 239999000, 10002200, 33000000};
+    for (const char* 键 : {"BJ", "UTMS"}) {
         设置椭球(键);
         for (double a : 坏)
             for (double b : 坏)
-                for (double L0 : {117.0, -3.0, std::nan(""), 1e300}) {
+                for (double L0 : {117.0, std::nan(""), 1e300}) {
                     auto 查 = [&](const QString& n, double x, double y, const char* 名) {
                         if (n.startsWith(QStringLiteral("错误"))) {
                             EXPECT_EQ(x, 0) << 名 << " " << a << " " << b;
@@ -106,16 +104,18 @@ TEST(恶意输入, 转换过程的极端参数) {
                         n = 公里网转度数(x, y, L0, static_cast<ZoneWidthCode>(w));
                         查(n, x, y, "公里网转度数");
                     }
-                    double x = a, y = b;
-                    { const QString n2 = 经纬度转六度带(x, y, L0, 键); 查(n2, x, y, "经纬度转六度带"); }
-                    x = a; y = b;
-                    { const QString n2 = 经纬度转一点五度带(x, y, L0, 键); 查(n2, x, y, "经纬度转一点五度带"); }
-                    x = a; y = b;
-                    { const QString n2 = 六度带转经纬度(x, y, 键); 查(n2, x, y, "六度带转经纬度"); }
-                    x = a; y = b;
-                    { const QString n2 = 三度带转经纬度(x, y, 键); 查(n2, x, y, "三度带转经纬度"); }
-                    x = a; y = b;
-                    { const QString n2 = 一点五度带转经纬度(x, y, 键); 查(n2, x, y, "一点五度带转经纬度"); }
+                    using 定带 = QString (*)(double&, double&, double, const QString&);
+                    for (定带 f : {经纬度转六度带, 经纬度转三度带, 经纬度转一点五度带}) {
+                        double x = a, y = b;
+                        const QString n = f(x, y, L0, 键);
+                        查(n, x, y, "经纬度转定带");
+                    }
+                    using 反算 = QString (*)(double&, double&, const QString&);
+                    for (反算 f : {六度带转经纬度, 三度带转经纬度, 一点五度带转经纬度}) {
+                        double x = a, y = b;
+                        const QString n = f(x, y, 键);
+                        查(n, x, y, "定带转经纬度");
+                    }
                 }
     }
 }
@@ -134,19 +134,18 @@ TEST(恶意输入, 大文本) {
     n = 0;
     EXPECT_EQ(坐标文本解析(QString(1 << 20, u'7'), n, 组, false, 顺序, 带号),
               QString::fromUtf8("该字符串中没有发现坐标数据!!!"));
-    // 100 000 lines, no limit.
+    // 20 000 lines, no limit.
     QString 多;
-    多.reserve(100000 * 30);
-    for (int i = 0; i < 100000; ++i) 多 += QString("P%1,%2,4418676.15,12\n").arg(i).arg(400000 + i % 100000);
+    for (int i = 0; i < 20000; ++i) 多 += QString("P%1,%2,4418676.15,12\n").arg(i).arg(400000 + i);
     n = 0;
     const QString r = 坐标文本解析(多, n, 组, false, 顺序, 带号);
-    EXPECT_EQ(n, 100000);
-    EXPECT_EQ(组.Y组[100000], 499999);
-    EXPECT_EQ(r.count(QStringLiteral("\r\n")), 100000);
+    EXPECT_EQ(n, 20000);
+    EXPECT_EQ(组.Y组[20000], 419999);
+    EXPECT_EQ(r.count(QStringLiteral("\r\n")), 20000);
     坐标转换设置 设{};
     设.OptionA = 1;
     设.点数上限 = 0;
     const auto t = 同系坐标转换(多, 设, QString());
-    EXPECT_EQ(t.点数, 100000);
+    EXPECT_EQ(t.点数, 20000);
     EXPECT_FALSE(t.右文本.contains(QStringLiteral("错误")));
 }

@@ -26,7 +26,7 @@ TEST(文本文件, 编码识别) {
         文本编码 e{};
         const QString s = 解码文本字节(t.字节, &e);
         EXPECT_EQ(e, t.编码) << t.字节.toHex().toStdString();
-        if (!t.文本.isEmpty() || t.字节.isEmpty()) EXPECT_EQ(s, t.文本) << t.字节.toHex().toStdString();
+        if (!t.文本.isEmpty() || t.字节.isEmpty()) { EXPECT_EQ(s, t.文本) << t.字节.toHex().toStdString(); }
     }
 }
 

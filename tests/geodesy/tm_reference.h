@@ -1,5 +1,5 @@
 // An independent transverse Mercator for checking the Gauss-Krüger series:
-// Krüger's series in the third flattening n to the sixth order (the form
+// Krüger's forward series in the third flattening n to the sixth order (the form
 // published by Karney, J. Geodesy 85 (2011) 475-485), evaluated in long
 // double from the defining a and 1/f of each datum only. Accurate to a few
 // micrometres within 4000 km of the central meridian, far beyond what the
@@ -37,12 +37,6 @@ public:
                49561 * n4 / 161280 - 179 * n5 / 168 + 6601661 * n6 / 7257600,
                34729 * n5 / 80640 - 3418889 * n6 / 1995840,
                212378941 * n6 / 319334400};
-        be_ = {n / 2 - 2 * n2 / 3 + 37 * n3 / 96 - n4 / 360 - 81 * n5 / 512 + 96199 * n6 / 604800,
-               n2 / 48 + n3 / 15 - 437 * n4 / 1440 + 46 * n5 / 105 - 1118711 * n6 / 3870720,
-               17 * n3 / 480 - 37 * n4 / 840 - 209 * n5 / 4480 + 5569 * n6 / 90720,
-               4397 * n4 / 161280 - 11 * n5 / 504 - 830251 * n6 / 7257600,
-               4583 * n5 / 161280 - 108847 * n6 / 3991680,
-               20648693 * n6 / 638668800};
     }
 
     // Latitude, longitude from the meridian (degrees) → northing, easting
@@ -62,31 +56,9 @@ public:
         y = k0 * A_ * eta;
     }
 
-    // The inverse: northing, easting from the meridian → latitude, longitude
-    // difference in degrees.
-    void 反算(R x, R y, R k0, R& 纬度, R& 经差) const {
-        const R xi = x / (k0 * A_), eta = y / (k0 * A_);
-        R xi1 = xi, eta1 = eta;
-        for (int j = 1; j <= 6; ++j) {
-            xi1 -= be_[j - 1] * std::sin(2 * j * xi) * std::cosh(2 * j * eta);
-            eta1 -= be_[j - 1] * std::cos(2 * j * xi) * std::sinh(2 * j * eta);
-        }
-        const R chi = std::asin(std::sin(xi1) / std::cosh(eta1));
-        经差 = std::atan2(std::sinh(eta1), std::cos(xi1)) / 每度;
-        // Geodetic from conformal latitude by fixed-point iteration.
-        R phi = chi;
-        for (int k = 0; k < 30; ++k) {
-            const R es = e_ * std::sin(phi);
-            phi = 2 * std::atan(std::tan(3.14159265358979323846264338327950288L / 4 + chi / 2) *
-                                std::pow((1 + es) / (1 - es), e_ / 2)) -
-                  3.14159265358979323846264338327950288L / 2;
-        }
-        纬度 = phi / 每度;
-    }
-
 private:
     R e_ = 0, A_ = 0;
-    std::array<R, 6> al_{}, be_{};
+    std::array<R, 6> al_{};
 };
 
 }  // namespace tmref

@@ -15,40 +15,27 @@ namespace {
 
 const QStringList 恶意输入 = {
     QString(),
-    QStringLiteral("'"),
     QStringLiteral("' or '1'='1"),
     QStringLiteral("(((((((((((("),
-    QStringLiteral("))))"),
     QStringLiteral("1/0"),
-    QStringLiteral("0^-1"),
     QStringLiteral("9^9^9^9"),
     QStringLiteral("99999999999999999999999999999999999*99999999999999999999999999999"),
     QStringLiteral("1e99999"),
-    QStringLiteral("-1e-99999"),
     QStringLiteral("Ln(-1)+Lg(0)+Asin(2)"),
-    QStringLiteral("!!!!!%%%%^^^^"),
     QStringLiteral("170!+171!+1000!"),
-    QStringLiteral("π^π^π^π"),
     QStringLiteral("Sin(Cos(Tan(Cot(Sinh(Cosh(Tanh(Coth(1))))))))"),
-    QStringLiteral("%s%n%x\\\\\\"),
     QStringLiteral("1;2\n3\r\n4\t5"),
     QStringLiteral("😀𝔸\u200b\u202e"),
     QString(QChar(0)) + QStringLiteral("1+1"),
-    QStringLiteral("示例示例示例"),
-    QStringLiteral("r*s*t*u*v*w*x*y*z*a*b*c"),
     QStringLiteral("１２３４５６７８９０＋－×÷（）"),
-    QStringLiteral("1,,,,.,.,.,2"),
-    QStringLiteral("E+E-E"),
-    QString(3000, u'('),
     QStringLiteral("(1+").repeated(400),
-    QStringLiteral("1.").repeated(1000),
     QStringLiteral("-").repeated(2000) + u'1',
 };
 
 // Presses every enabled button of `w` once.
 void 按遍(QWidget& w) {
     for (auto* b : w.findChildren<QAbstractButton*>())
-        if (b->isEnabled()) EXPECT_NO_THROW(b->click()) << b->objectName().toStdString();
+        if (b->isEnabled()) { EXPECT_NO_THROW(b->click()) << b->objectName().toStdString(); }
 }
 
 }  // namespace

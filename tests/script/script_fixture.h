@@ -11,11 +11,6 @@
 
 #include <gtest/gtest.h>
 #include <memory>
-#include <ostream>
-
-// Readable QString values in failure messages.
-QT_BEGIN_NAMESPACE
-QT_END_NAMESPACE
 
 inline void 重置脚本状态() {
     for (auto& v : 公共.字母变量) v = 数值(Decimal96());
@@ -31,8 +26,17 @@ inline void 重置脚本状态() {
     清除计算状态();
 }
 
+inline QString Q(const char16_t* s) { return QString::fromUtf16(s); }
+inline std::string 文(const QString& s) { return s.toStdString(); }
 inline 数值& 变量(char16_t c) { return 公共.字母变量[static_cast<std::size_t>(字母序号(c))]; }
 inline QString 变量文本(char16_t c) { return txt::trim(变量(c).文本()); }
+
+// Fills an array as the atlas screen does from a list box.
+inline void 置数组(数组变量& a, const QStringList& 项) {
+    a.个数 = static_cast<std::int32_t>(项.size());
+    a.列表文本 = 项.join(u',') + u',';
+    a.元素 = QStringList{QString()} + 项;
+}
 
 class 脚本测试 : public ::testing::Test {
 protected:

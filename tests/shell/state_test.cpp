@@ -1,7 +1,6 @@
 // The collector's four fixed steps and the reset, which every procedure of
 // the numeric core relies on.
 #include "shell/state.h"
-#include "shell/interaction.h"
 
 #include <gtest/gtest.h>
 
@@ -41,14 +40,4 @@ TEST(LetterIndex, SkipsO) {
     const struct { char16_t c; int i; } cases[] = {
         {u'A', 0}, {u'N', 13}, {u'O', -1}, {u'P', 14}, {u'Z', 24}, {u'a', -1}, {u'@', -1}, {u'[', -1}};
     for (auto [c, i] : cases) EXPECT_EQ(字母序号(c), i) << char(c);
-}
-
-TEST(Interaction, RecordingAnswersFromQueue) {
-    交互记录作用域 scope;
-    scope.记录器.回答队列 = {true};
-    交互().告知(u"消息"_qs);
-    EXPECT_TRUE(交互().询问(u"问1"_qs, u"标题"_qs));
-    EXPECT_FALSE(交互().询问(u"问2"_qs));
-    ASSERT_EQ(scope.记录器.记录.size(), 3);
-    EXPECT_EQ(scope.记录器.记录[1].标题, u"标题"_qs);
 }
