@@ -541,11 +541,32 @@ bool 加减运算(QString& t) {
     return false;
 }
 
+// A plain number between blanks: a sign, digits and at most one point,
+// at least one digit. The passes leave it as it is (no letter, no operator
+// past the first position), and the last step reads it: so its value is
+// that reading at once. The number itself, else an empty view.
+QStringView 纯数(const QString& t) {
+    QStringView v(t);
+    while (!v.isEmpty() && v.front() == u' ') v = v.mid(1);
+    while (!v.isEmpty() && v.back() == u' ') v.chop(1);
+    qsizetype i = 0;
+    if (i < v.size() && 是符号(v[i])) ++i;
+    bool 点 = false, 数字 = false;
+    for (; i < v.size(); ++i) {
+        const QChar c = v[i];
+        if (txt::isAsciiDigit(c)) 数字 = true;
+        else if (c == u'.' && !点) 点 = true;
+        else return {};
+    }
+    return 数字 ? v : QStringView();
+}
+
 QString 无括号计算过程(const QString& 文本) {
     if (已失败()) return QStringLiteral("1");
     QString t = 大写(文本);
     if (t.isEmpty()) return QStringLiteral("0");
     if (txt::len(t) == 1) return 取变量值(t[0]);
+    if (const QStringView x = 纯数(t); !x.isEmpty()) return Hvt数转数(数值(x.toString())).文本();
 
     t = 符号规整(t, false, true);
     常数代入(t);
