@@ -16,7 +16,9 @@
 #include "shell/state.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <utility>
 
@@ -147,13 +149,25 @@ QString 加垫(QStringView s) {
 // that one of its folds replaces ("++" "-+", with 四折 also "--" "+-"),
 // nothing to upper-case (anything beyond ASCII is left to the full path).
 bool 已规整(QStringView s, bool 四折) {
-    bool 前符 = false;
+    // Classes of the ASCII units: 4 a unit the tidying changes (blank,
+    // lower case), 1 a sign, 8 on top for "+", which every fold takes as
+    // its second unit (四折 takes any sign there).
+    static constexpr auto 类 = [] {
+        std::array<std::uint8_t, 128> k{};
+        k[u' '] = 4;
+        for (char16_t c = u'a'; c <= u'z'; ++c) k[c] = 4;
+        k[u'+'] = 1 | 8;
+        k[u'-'] = 1;
+        return k;
+    }();
+    const std::uint8_t 第二 = 四折 ? 1 : 8;
+    std::uint8_t 前 = 0;
     for (const QChar c : s) {
         const char16_t u = c.unicode();
-        if (u == u' ' || u >= 0x80 || (u >= u'a' && u <= u'z')) return false;
-        const bool 符 = u == u'+' || u == u'-';
-        if (前符 && (u == u'+' || (四折 && 符))) return false;
-        前符 = 符;
+        if (u >= 0x80) return false;
+        const std::uint8_t k = 类[u];
+        if ((k & 4) || ((前 & 1) && (k & 第二))) return false;
+        前 = k;
     }
     return true;
 }
@@ -527,11 +541,32 @@ bool 加减运算(QString& t) {
     return false;
 }
 
+// A plain number between blanks: a sign, digits and at most one point,
+// at least one digit. The passes leave it as it is (no letter, no operator
+// past the first position), and the last step reads it: so its value is
+// that reading at once. The number itself, else an empty view.
+QStringView 纯数(const QString& t) {
+    QStringView v(t);
+    while (!v.isEmpty() && v.front() == u' ') v = v.mid(1);
+    while (!v.isEmpty() && v.back() == u' ') v.chop(1);
+    qsizetype i = 0;
+    if (i < v.size() && 是符号(v[i])) ++i;
+    bool 点 = false, 数字 = false;
+    for (; i < v.size(); ++i) {
+        const QChar c = v[i];
+        if (txt::isAsciiDigit(c)) 数字 = true;
+        else if (c == u'.' && !点) 点 = true;
+        else return {};
+    }
+    return 数字 ? v : QStringView();
+}
+
 QString 无括号计算过程(const QString& 文本) {
     if (已失败()) return QStringLiteral("1");
     QString t = 大写(文本);
     if (t.isEmpty()) return QStringLiteral("0");
     if (txt::len(t) == 1) return 取变量值(t[0]);
+    if (const QStringView x = 纯数(t); !x.isEmpty()) return Hvt数转数(数值(x.toString())).文本();
 
     t = 符号规整(t, false, true);
     常数代入(t);

@@ -190,7 +190,7 @@ static int 十进位数(unsigned __int128 m) {
     }();
     const std::uint64_t hi = static_cast<std::uint64_t>(m >> 64);
     const int 位长 = hi ? 128 - __builtin_clzll(hi) : 64 - __builtin_clzll(static_cast<std::uint64_t>(m));
-    const int t = (位长 * 1233) >> 12;  // floor(log10(2^位长)), give or take one
+    const int t = (位长 * 1233) >> 12;  // 1233 / 4096 is just above log10(2)
     return t - (m < 幂[static_cast<std::size_t>(t)]) + 1;
 }
 
@@ -261,10 +261,12 @@ static bool 快读十进制(QStringView t, Decimal96& out) {
             out = 数值(Decimal96());
             return 转换结果::十进制;
         }
-        // The usual case, a text that the decimal holds exactly: one
-        // reading. A text that the decimal rounds (by its shape: the same
-        // count of digits from the same place, or it was rounded) takes the
-        // full rule.
+        // The usual case is a text that the decimal holds exactly, which
+        // passes the rule unchanged: a plain text is read straight; for the
+        // rest Decimal96::fromText held every digit when the decimal shows
+        // as many digits, from the first nonzero one to the last, starting
+        // at the same place. A text that the decimal rounds takes the full
+        // rule.
         Decimal96 r;
         if (公共.高精度开关 && 快读十进制(t, r) && 十进制无需双精度(r)) {
             out = 数值(r);  // held exactly

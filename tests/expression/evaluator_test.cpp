@@ -320,7 +320,8 @@ TEST_F(求值, 符号整理) {
 
 // Paths the rewriting takes short: the scans of products and powers go on
 // behind the last value written, the sums skip folding a tidy text, plain
-// number texts are read straight into the decimal.
+// number texts are read straight into the decimal, and a bracket-free text
+// that is one plain number is read without the passes.
 TEST_F(求值, 改写捷径) {
     逐例({
         {u"2*3*4/2\\5", u"2"},
@@ -334,6 +335,10 @@ TEST_F(求值, 改写捷径) {
         {u"1.50*2", u"3"},
         {u"-0.0+5", u"5"},
         {u"0.10+0.20", u"0.3"},
+        {u"(+5)*2", u"10"},       // a bracket holding a plain number is read at once
+        {u"(.5)+(5.)", u"5.5"},
+        {u"( -0 )", u"0"},
+        {u"(+-5)", u"-5"},        // two signs: not a plain number, the passes fold them
     });
     struct 项 { const char16_t* 算式; const char16_t* 结果; int 位数; };
     const 项 表[] = {
