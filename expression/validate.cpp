@@ -121,19 +121,7 @@ void 依运算对表替换(QString& t, 运算对集& 对, const 运算对表<N>&
 
 inline const char16_t* 单元(const QString& s) { return reinterpret_cast<const char16_t*>(s.utf16()); }
 
-// Blanks and U+3000 removed; the text itself (shared) when it has none.
-QString 去空格(const QString& s) {
-    if (!s.contains(u' ') && !s.contains(QChar(0x3000))) return s;
-    const char16_t* p = reinterpret_cast<const char16_t*>(s.utf16());
-    const qsizetype n = s.size();
-    QString t(n, Qt::Uninitialized);
-    char16_t* o = reinterpret_cast<char16_t*>(t.data());
-    qsizetype k = 0;
-    for (qsizetype j = 0; j < n; ++j)
-        if (p[j] != u' ' && p[j] != u'\u3000') o[k++] = p[j];
-    t.truncate(k);
-    return t;
-}
+using txt::去空格;
 
 const QString 零 = QStringLiteral("0");
 const QString 算式错误 = QStringLiteral("算式错误");

@@ -632,6 +632,14 @@ int mantissaText(u128 m, char* buf) {
     return n;
 }
 
+#if defined(__x86_64__) && (__LDBL_MANT_DIG__ == 64)
+// 10^0 .. 10^27 in extended precision, every one exact (5^27 < 2^64).
+constexpr long double kTen[28] = {1e0L,  1e1L,  1e2L,  1e3L,  1e4L,  1e5L,  1e6L,  1e7L,  1e8L,  1e9L,
+                                  1e10L, 1e11L, 1e12L, 1e13L, 1e14L, 1e15L, 1e16L, 1e17L, 1e18L, 1e19L,
+                                  1e20L, 1e21L, 1e22L, 1e23L, 1e24L, 1e25L, 1e26L, 1e27L};
+static_assert(sizeof kTen / sizeof kTen[0] == 28);
+#endif
+
 // Whether long double arithmetic really carries 64 bits here (an emulator
 // such as valgrind's computes it in double); the two short roads below
 // rest on it and stand aside when it does not.
@@ -653,10 +661,6 @@ bool extendedPrecision() {
 // one in a hundred, answer false and the caller takes the exact road.
 bool longDoubleQuotient(u128 m, int scale, double& out) {
 #if defined(__x86_64__) && (__LDBL_MANT_DIG__ == 64)
-    static constexpr long double kTen[28] = {1e0L, 1e1L, 1e2L, 1e3L, 1e4L, 1e5L, 1e6L, 1e7L, 1e8L, 1e9L,
-                                             1e10L, 1e11L, 1e12L, 1e13L, 1e14L, 1e15L, 1e16L, 1e17L, 1e18L,
-                                             1e19L, 1e20L, 1e21L, 1e22L, 1e23L, 1e24L, 1e25L, 1e26L, 1e27L};
-    static_assert(sizeof kTen / sizeof kTen[0] == 28);
     if (!extendedPrecision()) return false;
     long double q = static_cast<long double>(m);
     // 10^28 (66 bits) is itself rounded once: a third rounding of 2^-64.
@@ -722,10 +726,6 @@ bool fifteenDigitsExact(double a, u64& N, int& k) {
 // the caller takes the exact road of the digit printer.
 bool fifteenDigits(double a, u64& N, int& k) {
 #if defined(__x86_64__) && (__LDBL_MANT_DIG__ == 64)
-    static constexpr long double kTen[28] = {1e0L, 1e1L, 1e2L, 1e3L, 1e4L, 1e5L, 1e6L, 1e7L, 1e8L, 1e9L,
-                                             1e10L, 1e11L, 1e12L, 1e13L, 1e14L, 1e15L, 1e16L, 1e17L, 1e18L,
-                                             1e19L, 1e20L, 1e21L, 1e22L, 1e23L, 1e24L, 1e25L, 1e26L, 1e27L};
-    static_assert(sizeof kTen / sizeof kTen[0] == 28);
     if (!extendedPrecision()) return false;
     auto scaled = [&](int j) -> long double {
         const long double x = a;

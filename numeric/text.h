@@ -148,4 +148,19 @@ inline QString upper(const QString& s) {
     return r;
 }
 
+// s with its blanks (U+0020 and the ideographic U+3000) removed; s itself,
+// shared, when it has none.
+inline QString 去空格(const QString& s) {
+    if (!s.contains(u' ') && !s.contains(QChar(0x3000))) return s;
+    const char16_t* p = reinterpret_cast<const char16_t*>(s.utf16());
+    const qsizetype n = s.size();
+    QString t(n, Qt::Uninitialized);
+    char16_t* o = reinterpret_cast<char16_t*>(t.data());
+    qsizetype k = 0;
+    for (qsizetype j = 0; j < n; ++j)
+        if (p[j] != u' ' && p[j] != u'\u3000') o[k++] = p[j];
+    t.truncate(k);
+    return t;
+}
+
 }  // namespace txt
