@@ -8,7 +8,7 @@
 #include "expression/normalise.h"
 #include "expression/validate.h"
 #include "shell/calculator.h"
-#include "shell/interaction.h"
+#include "numeric/interaction.h"
 #include "shell/state.h"
 
 #include <benchmark/benchmark.h>
@@ -41,7 +41,7 @@ void BM_示例(benchmark::State& state) {
     安装交互(&静默);
     const int n = static_cast<int>(state.range(0));
     const QString 算式 = 示例算式(n);
-    const 计算设置 设置{28, 示例单位(n)};
+    const 输出设置 设置{28, 示例单位(n)};
     计算器初始化();
     bool ok = true;
     for (auto _ : state) {
@@ -70,14 +70,14 @@ void BM_求值(benchmark::State& state) {
     安装交互(&静默);
     const int n = static_cast<int>(state.range(0));
     计算器初始化();
-    公共.角度单位 = 示例单位(n);
+    计算状态.角度单位 = 示例单位(n);
     清除计算状态();
     const QString 规整 = 表达式规整(算式字符规整(示例算式(n)));
     for (auto _ : state) {
         清除计算状态();
         benchmark::DoNotOptimize(表达式计算(规整));
     }
-    if (公共.错误数 > 0) state.SkipWithError("the sample failed");
+    if (计算状态.错误数 > 0) state.SkipWithError("the sample failed");
     清除计算状态();
 }
 BENCHMARK(BM_求值)->DenseRange(1, 18)->Unit(benchmark::kMicrosecond);
@@ -105,7 +105,7 @@ std::vector<QString> 随机文本(int 个数) {
 
 void BM_随机文本(benchmark::State& state) {
     安装交互(&静默);
-    公共.角度单位 = 60;
+    计算状态.角度单位 = 60;
     const auto 表 = 随机文本(200);
     qint64 最慢 = 0;
     std::vector<qint64> 各例;
@@ -116,7 +116,7 @@ void BM_随机文本(benchmark::State& state) {
             表时.start();
             清除计算状态();
             const QString 规整 = 表达式规整(算式字符规整(t));
-            if (公共.错误数 == 0) {
+            if (计算状态.错误数 == 0) {
                 清除计算状态();
                 benchmark::DoNotOptimize(表达式计算(规整));
             }

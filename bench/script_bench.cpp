@@ -3,7 +3,7 @@
 // sum over a list of 1 000 measured lengths.
 #include "numeric/decimal.h"
 #include "script/script.h"
-#include "shell/interaction.h"
+#include "tests/support/recording.h"
 #include "shell/state.h"
 
 #include <benchmark/benchmark.h>
@@ -14,9 +14,9 @@
 namespace {
 
 void 清零() {
-    for (auto& v : 公共.字母变量) v = 数值(Decimal96());
-    公共.输出小数位数 = 8;
-    公共.高精度开关 = true;
+    for (auto& v : 变量状态.字母变量) v = 数值(Decimal96());
+    计算状态.输出小数位数 = 8;
+    计算状态.高精度开关 = true;
     清除计算状态();
 }
 
@@ -24,15 +24,15 @@ void 清零() {
 void BM_积分十万条(benchmark::State& state) {
     交互记录作用域 无提示;  // a slow machine's prompt is answered No
     清零();
-    公共.角度单位 = 3;
+    计算状态.角度单位 = 3;
     const QString 句 = QString::fromUtf16(u"F=\u222B(0)(2)(X^2*SIN(X))(100000)");
     for (auto _ : state) {
         清除计算状态();
         const bool ok = 积分赋值算式(句);
-        if (!ok || 公共.错误数 > 0) state.SkipWithError("integral failed");
-        benchmark::DoNotOptimize(公共.字母变量[5]);
+        if (!ok || 计算状态.错误数 > 0) state.SkipWithError("integral failed");
+        benchmark::DoNotOptimize(变量状态.字母变量[5]);
     }
-    公共.角度单位 = 60;
+    计算状态.角度单位 = 60;
 }
 BENCHMARK(BM_积分十万条)->Unit(benchmark::kMillisecond)->Iterations(3);
 
@@ -68,12 +68,12 @@ void 装入长度(数组变量& a, int n) {
 
 void BM_三十句千元素(benchmark::State& state) {
     清零();
-    装入长度(公共.数组U, 1000);
+    装入长度(脚本状态.数组U, 1000);
     const QString 脚本 = 三十句公式();
     for (auto _ : state) {
         清除计算状态();
         const QString 出 = 运行算式(脚本);
-        if (公共.错误数 > 0) state.SkipWithError(公共.首个错误.toStdString().c_str());
+        if (计算状态.错误数 > 0) state.SkipWithError(计算状态.首个错误.toStdString().c_str());
         benchmark::DoNotOptimize(出);
     }
     清除计算状态();

@@ -2,7 +2,7 @@
 // database, the whole entry procedure, and building the two screens.
 // (bench/startup.sh measures the real process: start to menu, peak memory.)
 #include "library/access.h"
-#include "shell/interaction.h"
+#include "tests/support/recording.h"
 #include "shell/screens/common.h"
 #include "shell/screens/form1.h"
 #include "shell/screens/form2.h"

@@ -6,7 +6,7 @@
 
 #include "expression/evaluator.h"
 #include "shell/calculator.h"
-#include "shell/interaction.h"
+#include "numeric/interaction.h"
 #include "shell/startup.h"
 #include "shell/state.h"
 
@@ -59,7 +59,7 @@ int 参数错误(const QString& 消息) {
 }
 
 int 运行计算(const QStringList& args) {
-    计算设置 设置;
+    输出设置 设置;
     QString 内存 = QStringLiteral("1-9");
     bool 原始 = false;
     QStringList 算式;
@@ -117,8 +117,8 @@ int 运行计算(const QStringList& args) {
             return 参数错误(QStringLiteral("--memory 最多九个值 (at most nine values)"));
         }
         应用内存变量(值表);
-        if (公共.错误数 > 0) {
-            QTextStream(stderr) << 公共.错误记录;
+        if (计算状态.错误数 > 0) {
+            QTextStream(stderr) << 计算状态.错误记录;
             清除计算状态();
         }
     }

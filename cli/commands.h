@@ -5,7 +5,7 @@
 // status. Stdout and stderr are UTF-8.
 #pragma once
 
-#include "shell/interaction.h"
+#include "numeric/interaction.h"
 
 #include <QList>
 #include <QString>

@@ -6,7 +6,7 @@
 #include "numeric/circular.h"
 #include "numeric/decimal.h"
 #include "numeric/textfile.h"
-#include "shell/interaction.h"
+#include "numeric/interaction.h"
 
 #include <QFile>
 #include <QTextStream>

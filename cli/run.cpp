@@ -9,7 +9,7 @@
 #include "numeric/guarded.h"
 #include "numeric/text.h"
 #include "script/script.h"
-#include "shell/interaction.h"
+#include "numeric/interaction.h"
 #include "shell/startup.h"
 #include "shell/state.h"
 
@@ -164,7 +164,7 @@ int 运行脚本命令(const QStringList& args) {
 
     if (选.规整) {
         out << 规整算式(选.脚本) << "\n";
-        if (公共.错误数 > 0) err << 公共.错误记录;
+        if (计算状态.错误数 > 0) err << 计算状态.错误记录;
         return 0;
     }
 
@@ -172,23 +172,21 @@ int 运行脚本命令(const QStringList& args) {
     for (const auto& [名, v] : std::as_const(选.变量)) {
         // As the atlas loads a parameter: the double made a scaled decimal.
         Decimal96 d;
-        公共.字母变量[static_cast<std::size_t>(字母序号(名.unicode()))] =
+        变量状态.字母变量[static_cast<std::size_t>(字母序号(名.unicode()))] =
             Decimal96::fromDouble(v, d) == Decimal96::Status::Ok ? 数值(d) : 数值(v);
     }
     for (const auto& [名, 文本] : std::as_const(选.列表))
-        装入列表(名 == u'U' ? 公共.数组U : 名 == u'V' ? 公共.数组V : 公共.数组W, 文本);
-    公共.输出小数位数 = 选.小数位数;
-    公共.角度单位 = 选.角度单位;
-    公共.高精度开关 = 选.高精度;
+        装入列表(名 == u'U' ? 脚本状态.数组U : 名 == u'V' ? 脚本状态.数组V : 脚本状态.数组W, 文本);
+    设置作用域 设置({选.小数位数, 选.角度单位, 选.高精度});
 
     const QString 输出 = 运行算式(选.脚本);
-    if (公共.错误数 >= 1) {
-        out << 公共.首个错误 << "\n";
-        err << "出错了，全部错误信息：\n" << QString(公共.错误记录).replace(u"\r\n"_qs, u"\n"_qs);
+    if (计算状态.错误数 >= 1) {
+        out << 计算状态.首个错误 << "\n";
+        err << "出错了，全部错误信息：\n" << QString(计算状态.错误记录).replace(u"\r\n"_qs, u"\n"_qs);
         return 1;
     }
     out << 输出 << "\n";
-    if (公共.提示数 > 0) err << QString(公共.提示记录).replace(u"\r\n"_qs, u"\n"_qs);
+    if (计算状态.提示数 > 0) err << QString(计算状态.提示记录).replace(u"\r\n"_qs, u"\n"_qs);
     return 0;
 }
 

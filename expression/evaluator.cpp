@@ -12,8 +12,9 @@
 #include "numeric/guarded.h"
 #include "numeric/text.h"
 #include "numeric/value.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "numeric/interaction.h"
+#include "expression/state.h"
+#include "numeric/state.h"
 
 #include <algorithm>
 #include <array>
@@ -54,8 +55,8 @@ QString 括号失败(const QString& 文本, const QString& 消息) {
 // The readers' failure tail: the detail goes to the record uncounted, then
 // the general sentence is counted (and becomes 首个错误 if first).
 void 读数失败(const QString& 片段, const QString& 细节, const QString& 头, const QString& 尾) {
-    公共.错误提示 = 片段 + 细节;
-    公共.错误记录 += 公共.错误提示 + QStringLiteral("\r\n");
+    计算状态.错误提示 = 片段 + 细节;
+    计算状态.错误记录 += 计算状态.错误提示 + QStringLiteral("\r\n");
     报告错误(头 + txt::trim(片段) + 尾);
 }
 
@@ -245,7 +246,7 @@ QString 取变量值(QChar c) {
     if (是圆周率(c)) return 圆周率文本;
     if (是自然常数(c)) return 自然常数文本;
     const int k = 字母序号(c.unicode());
-    if (k >= 0) return txt::trim(公共.字母变量[static_cast<std::size_t>(k)].文本());
+    if (k >= 0) return txt::trim(变量状态.字母变量[static_cast<std::size_t>(k)].文本());
     报告错误(QStringLiteral("表达式计算过程中：[ ") + QString(c) + QStringLiteral(" ] 字符错误！返回1值。"));
     return QStringLiteral("1");
 }
@@ -598,7 +599,7 @@ QString 无括号表达式计算(const QString& 文本) {
 namespace {
 
 QString 表达式计算过程(const QString& 文本) {
-    if (公共.错误数 >= 1) return QStringLiteral("1");
+    if (计算状态.错误数 >= 1) return QStringLiteral("1");
     QString t = 大写(txt::trim(文本));
     if (t.isEmpty()) return QStringLiteral("0");
     if (txt::len(t) == 1) return 取变量值(t[0]);

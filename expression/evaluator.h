@@ -9,7 +9,7 @@
 // powers, * / \ (equal rank, left to right), + -.
 //
 // Contract shared by every procedure here: the caller resets the state
-// (清除计算状态) and tests 公共.错误数 afterwards, since "1" is both the
+// (清除计算状态) and tests 计算状态.错误数 afterwards, since "1" is both the
 // failure marker and a legal result. A call made while 错误数 > 0 does
 // nothing and gives "1". Nothing here throws. Only the bracket failures of
 // 表达式计算 (and the infinity notices of the function pass) speak to the
@@ -17,7 +17,7 @@
 // Positions are 1-based UTF-16 code units.
 #pragma once
 
-#include "shell/state.h"
+#include "numeric/state.h"
 
 #include <QChar>
 #include <QString>
@@ -72,7 +72,7 @@ constexpr int 扫描上限 = 999999999;
 
 // Shared by the passes of evaluator.cpp and functions.cpp; not for callers.
 namespace 求值内部 {
-inline bool 已失败() { return 公共.错误数 > 0; }
+inline bool 已失败() { return 计算状态.错误数 > 0; }
 // The run-time fault report of 无括号表达式计算 for the working text.
 void 运行时故障报告(const QString& 文本);
 // " " + s + " ".

@@ -12,8 +12,8 @@
 #include "numeric/guarded.h"
 #include "numeric/powers.h"
 #include "numeric/text.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "numeric/interaction.h"
+#include "numeric/state.h"
 
 #include <algorithm>
 #include <cmath>
@@ -58,10 +58,10 @@ int 比较(const 数值& a, const 数值& b) {
 
 // Radians (as a double or an exact decimal) to the unit of the answer.
 数值 反函数结果(const 数值& 弧度值) {
-    if (公共.角度单位 == 3) return 弧度值;
+    if (计算状态.角度单位 == 3) return 弧度值;
     static const Decimal96 每弧度度数 = 十进制(u"57.295779513082320876798154814");
     数值 v = Hvt数转数(必算(弧度值, 运算符::乘, 数值(每弧度度数)));
-    if (公共.角度单位 == 60) v = 度转度分秒(v);
+    if (计算状态.角度单位 == 60) v = 度转度分秒(v);
     return v;
 }
 

@@ -47,7 +47,7 @@ inline const QString 四分之一圆周文本 = QStringLiteral("1.57079632679489
 constexpr double 无穷大替代值 = 1E+28;
 
 // One function on one operand text (the name exactly as in 函数名称).
-// Circular functions read x in 公共.角度单位; inverse ones answer in it
+// Circular functions read x in 计算状态.角度单位; inverse ones answer in it
 // (radians for 3, packed 度分秒 for 60, decimal degrees otherwise).
 // Failure: reports the function's own sentence and gives the text "1".
 // Functions computed in double count one fall (精度损失数 + 1,

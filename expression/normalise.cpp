@@ -8,9 +8,10 @@
 #include "numeric/decimal.h"
 #include "numeric/guarded.h"
 #include "numeric/text.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "numeric/interaction.h"
+#include "numeric/state.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <array>
 #include <cstdint>

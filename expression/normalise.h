@@ -34,7 +34,7 @@ QString 算式字符规整(const QString& 文本);
 // 修复相邻运算符, 检查运算符相邻, 算式显示形式. The result is the tidy
 // display text (still a valid input of 表达式计算), followed by "请修改"
 // when 错误数 is above 0 at the end; such a text must never be given to
-// 表达式计算 — callers test 公共.错误数 first. Leaves in the collector what
+// 表达式计算 — callers test 计算状态.错误数 first. Leaves in the collector what
 // the steps found. Implemented in validate.cpp.
 QString 表达式规整(const QString& 文本);
 

@@ -5,8 +5,8 @@
 #include "expression/evaluator.h"
 #include "numeric/guarded.h"
 #include "numeric/text.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "numeric/interaction.h"
+#include "numeric/state.h"
 
 #include <algorithm>
 #include <array>
@@ -305,7 +305,7 @@ qsizetype 数字长度(const char16_t* q, qsizetype m) {
 constexpr qsizetype 平常数字最长 = 20;
 
 bool 平常数字文本(const char16_t* q, qsizetype n, QString& s) {
-    if (n > 平常数字最长 || !公共.高精度开关) return false;
+    if (n > 平常数字最长 || !计算状态.高精度开关) return false;
     qsizetype 点 = -1;
     for (qsizetype i = 0; i < n; ++i) {
         if (q[i] == u'.') {
@@ -533,10 +533,10 @@ QString 检查运算符相邻(const QString& 文本) {
         if (错 > 0) {
             // Counted by the number of faults, recorded once; the first-error
             // field is set only when this brings the count to exactly 1.
-            公共.错误数 += 错;
-            公共.错误提示 = 相邻错误消息;
-            公共.错误记录 += 相邻错误消息 + QStringLiteral("\r\n");
-            if (公共.错误数 == 1) 公共.首个错误 = 相邻错误消息;
+            计算状态.错误数 += 错;
+            计算状态.错误提示 = 相邻错误消息;
+            计算状态.错误记录 += 相邻错误消息 + QStringLiteral("\r\n");
+            if (计算状态.错误数 == 1) 计算状态.首个错误 = 相邻错误消息;
             交互().告知(相邻错误消息);
         }
         if (const QString* 括号消息 = 括号检查(t)) {
@@ -654,6 +654,6 @@ QString 表达式规整(const QString& 文本) {
     t = 修复相邻运算符(t);
     t = 检查运算符相邻(t);
     t = 算式显示形式(t);
-    if (公共.错误数 < 1) return t;
+    if (计算状态.错误数 < 1) return t;
     return t + QStringLiteral("请修改");
 }

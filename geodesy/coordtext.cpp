@@ -8,8 +8,9 @@
 #include "numeric/guarded.h"
 #include "numeric/rounding.h"
 #include "numeric/text.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "numeric/interaction.h"
+#include "geodesy/state.h"
+#include "numeric/state.h"
 
 #include <algorithm>
 #include <array>
@@ -116,7 +117,7 @@ QString 坐标文本解析(const QString& 文本, int& 个数, CoordinateRow& �
     // 3., 4. TAB reads as ","; the separator is one printable character.
     QString s = 文本;
     s.replace(QChar(u'\t'), QChar(u','));
-    QString 分隔 = 公共.列表分隔符;
+    QString 分隔 = 坐标状态.列表分隔符;
     if (分隔.size() != 1 || 分隔[0].unicode() < u' ') 分隔 = QStringLiteral(",");
     const QChar sep = 分隔[0];
     // 5. Lines end in CR; blank lines fold away.
@@ -200,7 +201,7 @@ QString 坐标文本解析(const QString& 文本, int& 个数, CoordinateRow& �
         X最小 = std::min(X最小, X); X最大 = std::max(X最大, X);
         Y最小 = std::min(Y最小, Y); Y最大 = std::max(Y最大, Y);
         // 15. The cleaned line, written back from the stored numbers.
-        auto 值文本 = [&](double v) { return 角度 ? 角度转文本(v) : 格式整理值(v); };
+        auto 值文本 = [&](double v) { return 角度 ? 角度转文本(v, 坐标状态.格式2位角度) : 格式整理值(v); };
         const double 先 = XY在前 ? X : Y, 后 = XY在前 ? Y : X;
         整理 += 补宽(txt::trim(名), 4);
         整理 += u' '; 整理 += sep; 整理 += u' ';
@@ -297,9 +298,9 @@ QString 序号坐标拆分(const QString& 文本, bool 带序号) {
             if (a == &st.拆分序号) {
                 a->元素[行] = f;
             } else {
-                const int 错前 = 公共.错误数;
+                const int 错前 = 计算状态.错误数;
                 const 数值 v = Hvt数转数(数值(f));
-                if (公共.错误数 > 错前) return 有误(i);
+                if (计算状态.错误数 > 错前) return 有误(i);
                 a->元素[行] = v.文本();
             }
             a->个数 += 1;

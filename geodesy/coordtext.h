@@ -35,7 +35,7 @@ QString 提取数字(const QString& 文本);
 // The list parser. 个数 goes in as the limit (callers pass 200; <= 0 means
 // none) and comes out as the number of points stored in 组 (1..个数). A line
 // is data when it lies past position 3 of the cleaned text, holds at least
-// one separator (公共.列表分隔符, TAB read as ","), more than one numeric
+// one separator (坐标状态.列表分隔符, TAB read as ","), more than one numeric
 // character and no fewer numeric characters than separators. A first field
 // that does not begin with a digit, ".", "+", "-" is the name; unnamed
 // points get D001, D002, …. 角度: the two values are latitude/longitude

@@ -8,8 +8,8 @@
 #include "numeric/circular.h"
 #include "numeric/rounding.h"
 #include "numeric/text.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "numeric/interaction.h"
+#include "geodesy/state.h"
 
 #include <array>
 #include <cmath>
@@ -24,7 +24,7 @@ constexpr std::array<系统项, 8> 系统表{{
 static_assert(系统表.size() == 8);
 
 // A meridian in decimal degrees as the heads show it: 70.5 → "70°30′00″".
-QString 子午线文本(double 度) { return 角度转文本(规范度分秒(度转度分秒双精度(度))); }
+QString 子午线文本(double 度) { return 角度转文本(规范度分秒(度转度分秒双精度(度)), 坐标状态.格式2位角度); }
 
 }  // namespace
 
@@ -46,7 +46,7 @@ QString 坐标系名称(const QString& 椭球键) {
     // 2. The separator for the parser; "TAB" stands for the tab character.
     QString 分隔 = txt::trim(设置.分隔符);
     if (分隔 == QStringLiteral("TAB") || 设置.分隔符 == QStringLiteral("\t")) 分隔 = QStringLiteral("\t");
-    公共.列表分隔符 = 分隔;
+    坐标状态.列表分隔符 = 分隔;
 
     // 4. Parse: angle mode for latitude/longitude input, no zone text.
     int 个数 = 设置.点数上限;
@@ -98,8 +98,8 @@ QString 坐标系名称(const QString& 椭球键) {
             附注 = 公里网转度数(X, Y, 设置.左中央子午线, 0);
             X = 规范度分秒(度转度分秒双精度(X));
             Y = 规范度分秒(度转度分秒双精度(Y));
-            X文本 = 角度转文本(X);
-            Y文本 = 角度转文本(Y);
+            X文本 = 角度转文本(X, 坐标状态.格式2位角度);
+            Y文本 = 角度转文本(Y, 坐标状态.格式2位角度);
         } else {
             附注 = 公里网换带(X, Y, 设置.左中央子午线, 设置.右中央子午线);
             X文本 = 格式北坐标(X);
@@ -146,7 +146,7 @@ QString 带名(int w) {
     const bool east = 坐标状态.EllipsoidRecord.EastCount;
     QString 分隔 = txt::trim(设置.分隔符);
     if (分隔 == QStringLiteral("TAB") || 设置.分隔符 == QStringLiteral("\t")) 分隔 = QStringLiteral("\t");
-    公共.列表分隔符 = 分隔;
+    坐标状态.列表分隔符 = 分隔;
 
     // The source zone number: the zone text of the parser, and the head.
     const QString 源带号 = 从 == 0 ? QString()
@@ -180,8 +180,8 @@ QString 带名(int w) {
             else if (到 == 3) 附注 += 经纬度转三度带(X, Y, 设置.右中央子午线, 键);
             else if (到 == 6) 附注 += 经纬度转六度带(X, Y, 设置.右中央子午线, 键);
         }
-        const QString X文本 = 到 == 0 ? 角度转文本(X) : 格式北坐标(X);
-        const QString Y文本 = 到 == 0 ? 角度转文本(Y) : 格式东坐标(Y);
+        const QString X文本 = 到 == 0 ? 角度转文本(X, 坐标状态.格式2位角度) : 格式北坐标(X);
+        const QString Y文本 = 到 == 0 ? 角度转文本(Y, 坐标状态.格式2位角度) : 格式东坐标(Y);
         const double h = 组.高程组[static_cast<size_t>(i)];
         行文本 += 结果行(组.序号组[i], 最宽, 设置.带序号, 右顺序, X文本, Y文本, h != 0 ? 格式高程(h) : QString(), 附注);
     }

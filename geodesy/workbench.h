@@ -35,7 +35,7 @@ struct 坐标转换结果 {
 QString 坐标系名称(const QString& 椭球键);
 
 // Runs the conversion of OptionA over the left text: sets the ellipsoid,
-// copies the separator to 公共.列表分隔符, parses (angle mode for OptionA 0),
+// copies the separator to 坐标状态.列表分隔符, parses (angle mode for OptionA 0),
 // converts point by point on free meridians (width 0) and lays out the rows,
 // newest results on top of 旧右文本. OptionA 2 refuses meridians more than 4
 // degrees apart through 交互().告知 ("出错了！"). A failing point shows zeros

@@ -1,7 +1,7 @@
 #include "library/access.h"
 
 #include "numeric/text.h"
-#include "shell/state.h"
+#include "library/state.h"
 
 #include <QAtomicInteger>
 #include <QFile>
@@ -186,10 +186,10 @@ QString 菜单提示(const 菜单行& 行) {
     return 行.软件显示 + QStringLiteral(" -- ") + QString::number(行.使用数);
 }
 
-int 读软件信息() {
+int 读软件信息(软件信息* 信息) {
     int 新数 = 0;
     QString 显示, 备注, 官网, 链接;
-    执行库操作(公共.菜单库连接串, [&](QSqlDatabase& db) {
+    执行库操作(数据状态.菜单库连接串, [&](QSqlDatabase& db) {
         QSqlQuery q(db);
         q.prepare(QStringLiteral("Select 排序,类别ID,类别QZ,软件号,软件显示,官网,链接,备注,使用数 "
                                  "From 常规表 Where ( 类别ID = ? ) "));
@@ -208,18 +208,14 @@ int 读软件信息() {
         return 新数 > 0;
     });
     if (新数 <= 0) return 0;
-    公共.启动次数 = 新数;
-    公共.软件标题 = 显示;
-    公共.说明文字 = 备注;
-    公共.官网地址 = 官网;
-    公共.升级地址 = 链接;
+    if (信息) *信息 = {显示, 备注, 官网, 链接, 新数};
     return 新数;
 }
 
 int 累加使用数(const QString& 类别ID) {
     if (含单引号(类别ID)) return 0;
     int 新数 = 0;
-    执行库操作(公共.菜单库连接串, [&](QSqlDatabase& db) {
+    执行库操作(数据状态.菜单库连接串, [&](QSqlDatabase& db) {
         新数 = 累加一行(db, QStringLiteral("常规表"), 类别ID);
         return 新数 > 0;
     });
@@ -228,7 +224,7 @@ int 累加使用数(const QString& 类别ID) {
 
 QList<菜单行> 读常规表() {
     QList<菜单行> 行;
-    执行库操作(公共.菜单库连接串, [&](QSqlDatabase& db) {
+    执行库操作(数据状态.菜单库连接串, [&](QSqlDatabase& db) {
         QSqlQuery q(db);
         q.setForwardOnly(true);
         if (!q.exec(QStringLiteral("Select ") + 公共列 + QStringLiteral(" From 常规表 Order By 排序 Asc ")))
@@ -240,7 +236,7 @@ QList<菜单行> 读常规表() {
 
 QList<菜单行> 读表总表() {
     QList<菜单行> 行;
-    const bool ok = 执行库操作(公共.菜单库连接串, [&](QSqlDatabase& db) {
+    const bool ok = 执行库操作(数据状态.菜单库连接串, [&](QSqlDatabase& db) {
         QSqlQuery q(db);
         q.setForwardOnly(true);
         if (!q.exec(QStringLiteral("Select ") + 公共列 +
@@ -254,19 +250,19 @@ QList<菜单行> 读表总表() {
 
 int 读当前图册(const QString& 类别ID) {
     auto 清空 = [] {
-        公共.图册类别ID.clear();
-        公共.图册ID前缀.clear();
-        公共.图册标题.clear();
-        公共.图册帮助文件.clear();
-        公共.初始类别.clear();
-        公共.初始公式ID.clear();
-        公共.图册库文件.clear();
-        公共.图册库连接串.clear();
+        数据状态.图册类别ID.clear();
+        数据状态.图册ID前缀.clear();
+        数据状态.图册标题.clear();
+        数据状态.图册帮助文件.clear();
+        数据状态.初始类别.clear();
+        数据状态.初始公式ID.clear();
+        数据状态.图册库文件.clear();
+        数据状态.图册库连接串.clear();
     };
     if (含单引号(类别ID)) { 清空(); return 0; }
     菜单行 行;
     int 新数 = 0;
-    执行库操作(公共.菜单库连接串, [&](QSqlDatabase& db) {
+    执行库操作(数据状态.菜单库连接串, [&](QSqlDatabase& db) {
         QSqlQuery q(db);
         q.prepare(QStringLiteral("Select ") + 公共列 +
                   QStringLiteral(" From 表总表 Where ( 类别ID = ? ) Order By 排序 Asc "));
@@ -279,26 +275,26 @@ int 读当前图册(const QString& 类别ID) {
         return 新数 > 0;
     });
     if (新数 <= 0) { 清空(); return 0; }
-    公共.图册类别ID = 行.类别ID;
-    公共.图册ID前缀 = 行.类别QZ;
-    公共.图册标题 = 行.软件显示;
-    公共.图册帮助文件 = 行.帮助文件;
-    公共.初始类别 = 行.公式LB;
-    公共.初始公式ID = 行.公式ID;
-    公共.图册库文件 = 行.Acs库名;
-    公共.图册库连接串 = 公共.驱动串 + txt::trim(行.Acs库名) + QStringLiteral(";Uid=admin;Pwd=") +
+    数据状态.图册类别ID = 行.类别ID;
+    数据状态.图册ID前缀 = 行.类别QZ;
+    数据状态.图册标题 = 行.软件显示;
+    数据状态.图册帮助文件 = 行.帮助文件;
+    数据状态.初始类别 = 行.公式LB;
+    数据状态.初始公式ID = 行.公式ID;
+    数据状态.图册库文件 = 行.Acs库名;
+    数据状态.图册库连接串 = 数据状态.驱动串 + txt::trim(行.Acs库名) + QStringLiteral(";Uid=admin;Pwd=") +
                         txt::trim(行.Acs密码) + QStringLiteral(";");
     return 新数;
 }
 
 int 读代码表(const QString& 表名, const QString& ID列, const QString& 名称列, QStringList& ID表,
              QStringList& 名称表, const QString& 条件, const QVariantList& 条件参数) {
-    return 代码表(公共.菜单库连接串, 表名, ID列, 名称列, ID表, 名称表, 条件, 条件参数);
+    return 代码表(数据状态.菜单库连接串, 表名, ID列, 名称列, ID表, 名称表, 条件, 条件参数);
 }
 
 int 读图册代码表(const QString& 表名, const QString& ID列, const QString& 名称列, QStringList& ID表,
                  QStringList& 名称表, const QString& 条件, const QVariantList& 条件参数) {
-    return 代码表(公共.图册库连接串, 表名, ID列, 名称列, ID表, 名称表, 条件, 条件参数);
+    return 代码表(数据状态.图册库连接串, 表名, ID列, 名称列, ID表, 名称表, 条件, 条件参数);
 }
 
 // ---- 公式库 ----
@@ -307,7 +303,7 @@ QString 查公式类别(const QString& 公式ID) {
     const QString id = txt::trim(公式ID);
     if (含单引号(id)) return QString();
     QString 类别;
-    执行库操作(公共.图册库连接串, [&](QSqlDatabase& db) {
+    执行库操作(数据状态.图册库连接串, [&](QSqlDatabase& db) {
         QSqlQuery q(db);
         q.prepare(QStringLiteral("Select [类别],[ID号] From 公式库 Where( [ID号] = ? ) Limit 1"));
         q.addBindValue(id);
@@ -322,7 +318,7 @@ bool 公式存在(const QString& 公式ID) {
     const QString id = txt::trim(公式ID);
     if (含单引号(id)) return false;
     bool 有 = false;
-    执行库操作(公共.图册库连接串, [&](QSqlDatabase& db) {
+    执行库操作(数据状态.图册库连接串, [&](QSqlDatabase& db) {
         QSqlQuery q(db);
         q.prepare(QStringLiteral("Select [ID号] From 公式库 Where( [ID号] = ? ) Limit 1"));
         q.addBindValue(id);
@@ -349,7 +345,7 @@ QList<qint64> 公式行(QSqlDatabase& db, const QString& id) {
 
 bool 清除公式图片(const QString& 公式ID, int 号) {
     if (含单引号(公式ID)) return false;
-    return 执行库操作(公共.图册库连接串, [&](QSqlDatabase& db) {
+    return 执行库操作(数据状态.图册库连接串, [&](QSqlDatabase& db) {
         const auto rows = 公式行(db, 公式ID);
         if (rows.size() != 1) return false;
         QSqlQuery u(db);
@@ -363,7 +359,7 @@ bool 清除公式图片(const QString& 公式ID, int 号) {
 bool 删除公式记录(const QString& 公式ID) {
     const QString id = txt::trim(公式ID);
     if (含单引号(id)) return false;
-    return 执行库操作(公共.图册库连接串, [&](QSqlDatabase& db) {
+    return 执行库操作(数据状态.图册库连接串, [&](QSqlDatabase& db) {
         const auto rows = 公式行(db, id);
         if (rows.size() != 1) return false;
         QSqlQuery u(db);

@@ -84,11 +84,16 @@ struct 菜单行 {
 // The tool tip of a menu button: 软件显示 + " -- " + 使用数.
 QString 菜单提示(const 菜单行& 行);
 
+// The program's identity as the row SoftName of 常规表 holds it.
+struct 软件信息 {
+    QString 软件显示, 备注, 官网, 链接;
+    int 使用数 = 0;
+};
+
 // The row SoftName of 常规表: if exactly one row, 使用数 + 1 is written back
-// and read again; 使用数, 软件显示, 备注, 官网, 链接 go to 公共 (启动次数,
-// 软件标题, 说明文字, 官网地址, 升级地址). Returns the new count, 0 when
-// there is not exactly one row or the file fails (公共 then keeps its values).
-int 读软件信息();
+// and read again, and the row goes to *信息. Returns the new count, 0 when
+// there is not exactly one row or the file fails (*信息 is then untouched).
+int 读软件信息(软件信息* 信息 = nullptr);
 
 // The row `类别ID` of 常规表: if exactly one row, 使用数 + 1 is written back
 // and the new value returned; 0 otherwise (nothing written).

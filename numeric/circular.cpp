@@ -3,8 +3,8 @@
 #include "numeric/guarded.h"
 #include "numeric/rounding.h"
 #include "numeric/text.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "numeric/interaction.h"
+#include "numeric/state.h"
 
 #include <charconv>
 #include <cmath>
@@ -52,7 +52,7 @@ bool 周内角(const 数值& x, Decimal96& m) {
     static constexpr Decimal96 k直取下限 = Decimal96::fromParts(1, 0, 0, false, 20);  // 1E-20
     // A negative angle within one turn goes the same way with the integer
     // part "-0".
-    if (公共.高精度开关 && a.是十进制()) {
+    if (计算状态.高精度开关 && a.是十进制()) {
         const Decimal96& v = a.十进制值();
         const Decimal96 模 = v.abs();
         if (!(模 < k直取下限) && 模 < 二π()) {
@@ -110,7 +110,7 @@ bool 正弦级数(Decimal96 m, 数值& out) {
     if (k一 < S) S = k一;
     if (S < k零) S = k零;
     out = 数值(负 ? S.negated() : S);
-    if (公共.可达有效位数 > 27) 公共.可达有效位数 = 27;
+    if (计算状态.可达有效位数 > 27) 计算状态.可达有效位数 = 27;
     return true;
 }
 
@@ -241,7 +241,7 @@ const Decimal96& 每度弧度() { static const Decimal96 v = 解析常数(每度
 
 数值 HvtSin(const 数值& x) {
     static constexpr char16_t 头[] = u"  进行[HvtSin]正弦运算时， ";
-    if (!公共.高精度开关) {
+    if (!计算状态.高精度开关) {
         const 数值 a = 修剪文本(x).isEmpty() ? 数值(k零) : x;
         double d = 0;
         if (!转双精度(a, d)) return 函数失败(头, x);
@@ -340,7 +340,7 @@ namespace {
     const 数值 a = Hvt数转数(x);
     if (有E(a)) return 数值(k零);
     Decimal96 d, r;
-    switch (公共.角度单位) {
+    switch (计算状态.角度单位) {
     case 3:
         if (!转十进制(a, d)) return 数值();
         return 数值(d);
@@ -410,9 +410,9 @@ namespace {
     return Hvt数转数(数值(D + QStringLiteral(".") + M + S));
 }
 
-QString 角度转文本(double x) {
+QString 角度转文本(double x, const QString& 格式) {
     if (!std::isfinite(x) || 双精度文本(x).contains(u'E')) return QStringLiteral("0°");
-    const QString s = 格式化数值(x, 公共.格式2位角度);
+    const QString s = 格式化数值(x, 格式);
     const int 点 = txt::instr(s, QChar(u'.'));
     if (点 == 0) return s + QStringLiteral("°00′00″");
     const QString 度 = txt::left(s, 点 - 1);

@@ -1,6 +1,6 @@
 // Circular functions in the 96-bit decimal, and the angle units.
 //
-// Angle units (公共.角度单位): 60 packed sexagesimal degrees, 100 decimal
+// Angle units (计算状态.角度单位): 60 packed sexagesimal degrees, 100 decimal
 // degrees (a right angle is 90), 3 radians, 400 grads (accepted by
 // 度转弧度, offered by no screen).
 //
@@ -68,7 +68,7 @@ inline constexpr double 角度双精度界限 = 179769313486232.0;
 
 // ---- Decimal angle conversions ------------------------------------------------
 
-// An angle in the current 公共.角度单位 to decimal radians: 3 as it is, 60
+// An angle in the current 计算状态.角度单位 to decimal radians: 3 as it is, 60
 // packed degrees through 度转梯度, 100 decimal degrees, 400 grads (times 0.9).
 // An angle beyond the plain text form (an E: 1E+30, 1E-30) gives decimal 0;
 // any other unit gives the empty value. Reports only through 度转梯度.
@@ -99,11 +99,11 @@ inline constexpr double 角度双精度界限 = 179769313486232.0;
 
 // Packed degrees as text for result lists: 45.59599999 → "45°59′59.9999″",
 // 45 → "45°00′00″", -45.5 → "-45°50′00″". The value is first formatted with
-// 公共.格式2位角度 ("00.00000000", half away from zero); minutes or seconds
+// `格式` (the coordinate screens' "00.00000000", half away from zero); minutes or seconds
 // digits above 60 show as "60"; decimals of the seconds that are all zero
 // are left out. A value whose text needs an exponent gives "0°".
 // Never reports.
-QString 角度转文本(double x);
+QString 角度转文本(double x, const QString& 格式);
 
 // Text with ° ′ ″ to packed degrees: "45°59′59.9999″" → 45.59599999,
 // "45°" → 45.0, "-12°30′" → -12.3. Degrees are the part ahead of "°" (none,

@@ -3,7 +3,7 @@
 #include "numeric/guarded_detail.h"
 #include "numeric/rounding.h"
 #include "numeric/text.h"
-#include "shell/state.h"
+#include "numeric/state.h"
 
 #include <algorithm>
 #include <array>
@@ -100,7 +100,7 @@ constexpr double k十进制下界 = 1E-28;
 static 转换结果 一般转换(const 数值& v, 数值& out) {
     double d = 0.0;
     if (!转双精度(v, d)) return 转换结果::失败;
-    if (!公共.高精度开关) {
+    if (!计算状态.高精度开关) {
         out = 数值(d);
         return 转换结果::落双精度;
     }
@@ -268,11 +268,11 @@ static bool 快读十进制(QStringView t, Decimal96& out) {
         // at the same place. A text that the decimal rounds takes the full
         // rule.
         Decimal96 r;
-        if (公共.高精度开关 && 快读十进制(t, r) && 十进制无需双精度(r)) {
+        if (计算状态.高精度开关 && 快读十进制(t, r) && 十进制无需双精度(r)) {
             out = 数值(r);  // held exactly
             return 转换结果::十进制;
         }
-        if (公共.高精度开关 && Decimal96::fromText(t, r) == Decimal96::Status::Ok && 十进制无需双精度(r)) {
+        if (计算状态.高精度开关 && Decimal96::fromText(t, r) == Decimal96::Status::Ok && 十进制无需双精度(r)) {
             const 文本数形 a = 文本形状(t), b = 十进制形状(r);
             if (a.有效 == b.有效 && (a.有效 == 0 || a.首位 == b.首位)) {
                 out = 数值(r);
@@ -285,7 +285,7 @@ static bool 快读十进制(QStringView t, Decimal96& out) {
         out = 数值(Decimal96());
         return 转换结果::十进制;
     }
-    if (x.是十进制() && 公共.高精度开关 && 十进制无需双精度(x.十进制值())) {
+    if (x.是十进制() && 计算状态.高精度开关 && 十进制无需双精度(x.十进制值())) {
         out = x;
         return 转换结果::十进制;
     }
@@ -458,13 +458,13 @@ bool 有E(const 数值& v) {
 }
 
 数值 求两数余(const 数值& x, const 数值& y) {
-    const int 错前 = 公共.错误数;
+    const int 错前 = 计算状态.错误数;
     const 数值 a = Hvt数转数(x);
     const 数值 b = Hvt数转数(y);
     const 数值 q = 求两数商(a, b);
     const QString i = 取数值的整数部分(q);
     const 数值 r = 求两数差(a, 求两数积(数值(i), b));
-    if (公共.错误数 == 错前) return r;
+    if (计算状态.错误数 == 错前) return r;
     报告错误(QStringLiteral("  进行[求两数余]运算时， ") + 修剪文本(x) + QStringLiteral("余") +
              修剪文本(y) + QStringLiteral(" 数值超出计算范围！返回数值用 [1] 表示。"));
     return 数值(QStringLiteral("1"));

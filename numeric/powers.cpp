@@ -3,7 +3,7 @@
 #include "numeric/guarded.h"
 #include "numeric/rounding.h"
 #include "numeric/text.h"
-#include "shell/state.h"
+#include "numeric/state.h"
 
 #include <cmath>
 #include <vector>
@@ -42,7 +42,7 @@ constexpr Decimal96 k零;
 constexpr Decimal96 k半 = Decimal96::fromParts(5, 0, 0, false, 1);
 
 void 降为二十八位() {
-    if (公共.可达有效位数 > 28) 公共.可达有效位数 = 28;
+    if (计算状态.可达有效位数 > 28) 计算状态.可达有效位数 = 28;
 }
 
 // ---- x^I by the doubling scheme ---------------------------------------------
@@ -379,7 +379,7 @@ enum class 结局 { 成, 转双精度, 失败 };
             }
         }
     }
-    if (公共.可达有效位数 == 29) 公共.可达有效位数 = 28;
+    if (计算状态.可达有效位数 == 29) 计算状态.可达有效位数 = 28;
     return 结局::成;
 }
 
@@ -408,7 +408,7 @@ enum class 结局 { 成, 转双精度, 失败 };
     if (是零(b)) return 数值(k一);
     const 数值 a = Hvt数转数(x);
 
-    if (公共.高精度开关 && !有E(b) && !有E(a)) {
+    if (计算状态.高精度开关 && !有E(b) && !有E(a)) {
         数值 r;
         switch (十进制乘方(x, y, a, b, r)) {
         case 结局::成: return r;
@@ -426,7 +426,7 @@ enum class 结局 { 成, 转双精度, 失败 };
 }
 
 数值 开平方(const 数值& x) {
-    if (!公共.高精度开关) {
+    if (!计算状态.高精度开关) {
         double d = 0;
         if (!原值双精度(x, d) || d < 0) return 开平方失败(x);
         记录精度损失();

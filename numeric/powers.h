@@ -2,12 +2,12 @@
 //
 // 乘方 and 开平方 work in the 96-bit decimal wherever it can hold the result,
 // so a power keeps 28 significant digits instead of the 15 of a double; an
-// iterated result lowers 公共.可达有效位数 from 29 to 28 (it can no longer
+// iterated result lowers 计算状态.可达有效位数 from 29 to 28 (it can no longer
 // claim the 29th digit). Logarithms have no decimal form: they work in
 // double and cost the digits (可达有效位数 15).
 //
 // Nothing here throws. A failure answers with the text "1" (a legal number:
-// callers test 公共.错误数 > 0) and a message in the shared collector.
+// callers test 计算状态.错误数 > 0) and a message in the shared collector.
 #pragma once
 
 #include "numeric/value.h"

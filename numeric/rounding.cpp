@@ -3,7 +3,7 @@
 #include "numeric/guarded.h"
 #include "numeric/guarded_detail.h"
 #include "numeric/text.h"
-#include "shell/state.h"
+#include "numeric/state.h"
 
 #include <algorithm>
 #include <array>
@@ -105,7 +105,7 @@ QString 小数部分文本(const 数值& a) {
     if (a.是文本()) return 失败();   // Hvt数转数 gives text only as its failure marker
     int d = std::clamp(小数位数, 0, 28);
 
-    if (!公共.高精度开关) {
+    if (!计算状态.高精度开关) {
         d = std::min(d, 15);
         double v = 0.0;
         if (!作双精度(a, v)) return 失败();

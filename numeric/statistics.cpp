@@ -3,7 +3,7 @@
 #include "numeric/guarded.h"
 #include "numeric/powers.h"
 #include "numeric/text.h"
-#include "shell/state.h"
+#include "numeric/state.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include "expression/validate.h"
 #include "numeric/text.h"
 #include "script/script_detail.h"
-#include "shell/state.h"
+#include "script/state.h"
 
 #include <QStringList>
 
@@ -107,7 +107,7 @@ QString 规整积分算式(const QString& 积分项) {
     if (p < 1) return 积分项样式;
     const int 末位 = 括号组末位(t, p);
     if (末位 < 7) return 积分项样式;
-    const bool 有条数 = 公共.括号组位置[7] > 公共.括号组位置[6] && 公共.括号组位置[6] >= 8;
+    const bool 有条数 = 脚本状态.括号组位置[7] > 脚本状态.括号组位置[6] && 脚本状态.括号组位置[6] >= 8;
     const QString g1 = 括号组文本(t, 1), g2 = 括号组文本(t, 2), g3 = 括号组文本(t, 3);
     const QString g4 = 有条数 ? 括号组文本(t, 4) : QString();
     // A term without a strip count is saved with 100 strips; a run of a

@@ -11,8 +11,10 @@
 #include "numeric/guarded.h"
 #include "numeric/text.h"
 #include "script/script_detail.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "numeric/interaction.h"
+#include "expression/state.h"
+#include "numeric/state.h"
+#include "script/state.h"
 
 #include <chrono>
 #include <cmath>
@@ -54,7 +56,7 @@ bool 双精度取整(double x, std::int32_t& n) {
     return true;
 }
 
-数值& 变量X() { return 公共.字母变量[static_cast<std::size_t>(字母序号(u'X'))]; }
+数值& 变量X() { return 变量状态.字母变量[static_cast<std::size_t>(字母序号(u'X'))]; }
 
 // The reasons a term fails, as the user reads them.
 const QString 数据异常 = QStringLiteral("处理定积分表达式时，由于数据异常，引发程序计算错误！");
@@ -68,13 +70,13 @@ const QString 数据异常 = QStringLiteral("处理定积分表达式时，由�
 }
 
 double 定积分计算(const QString& 积分项) {
-    公共.积分错误.clear();
-    公共.积分提示.clear();
+    脚本状态.积分错误.clear();
+    脚本状态.积分提示.clear();
     const QString t = txt::trim(积分项);
     const int p = txt::instr(t, QString(QChar(0x222B)));  // ∫
-    公共.积分符号位置 = p;
+    脚本状态.积分符号位置 = p;
     auto 出错 = [](const QString& 文字) {
-        公共.积分错误 = 文字;
+        脚本状态.积分错误 = 文字;
         return 0.0;
     };
     if (p < 1) return 出错(QStringLiteral("没有定积分符号错误！"));
@@ -89,14 +91,14 @@ double 定积分计算(const QString& 积分项) {
     const QString A文本 = 括号组文本(t, 1);
     const QString B文本 = 括号组文本(t, 2);
     const QString 式 = 括号组文本(t, 3);
-    const int 开4 = 公共.括号组位置[6], 闭4 = 公共.括号组位置[7];
+    const int 开4 = 脚本状态.括号组位置[6], 闭4 = 脚本状态.括号组位置[7];
     const bool 有条数 = 闭4 > 开4 && 开4 >= 8;
     const QString N文本 = 有条数 ? 括号组文本(t, 4) : QString();
 
     double A = 宽松读数(表达式计算(A文本));
-    if (公共.错误数 > 0) return 出错(QStringLiteral("定积分表达式---参数A计算错误！"));
+    if (计算状态.错误数 > 0) return 出错(QStringLiteral("定积分表达式---参数A计算错误！"));
     double B = 宽松读数(表达式计算(B文本));
-    if (公共.错误数 > 0) return 出错(QStringLiteral("定积分表达式---参数B计算错误！"));
+    if (计算状态.错误数 > 0) return 出错(QStringLiteral("定积分表达式---参数B计算错误！"));
     if (!std::isfinite(A) || !std::isfinite(B)) return 出错(数据异常);
     // The integral from 2 to 0 is taken as that from 0 to 2: the sign never
     // changes. Required behaviour of the language.
@@ -106,7 +108,7 @@ double 定积分计算(const QString& 积分项) {
     std::int32_t N = 缺省条数;
     if (有条数) {
         const double n = 宽松读数(表达式计算(N文本));
-        if (公共.错误数 > 0) return 出错(QStringLiteral("定积分表达式---参数N计算错误！"));
+        if (计算状态.错误数 > 0) return 出错(QStringLiteral("定积分表达式---参数N计算错误！"));
         if (!双精度取整(n, N)) return 出错(数据异常);
         if (N < 1) N = 过小条数替代;
         if (N > 最多条数) N = 最多条数;
@@ -129,7 +131,7 @@ double 定积分计算(const QString& 积分项) {
         S = Double和(S, y * dx);
         X = Double和(X, dx);
         变量X() = 数值(X);
-        if (公共.错误数 > 0) break;
+        if (计算状态.错误数 > 0) break;
         if (i == 估时轮次) {
             const double 分钟 = N * (当前时钟() - t0) / 6000.0;
             if (分钟 >= 提醒分钟数) {
@@ -144,19 +146,19 @@ double 定积分计算(const QString& 积分项) {
         }
     }
     变量X() = X备份;
-    if (公共.错误数 > 0) {
-        公共.积分错误 += QStringLiteral("在循环计算积分表达式时，出现计算错误！");
+    if (计算状态.错误数 > 0) {
+        脚本状态.积分错误 += QStringLiteral("在循环计算积分表达式时，出现计算错误！");
         return 0.0;
     }
     if (!std::isfinite(S)) return 出错(数据异常);
-    公共.积分提示 = QStringLiteral("已经成功处理完积分表达式。");
+    脚本状态.积分提示 = QStringLiteral("已经成功处理完积分表达式。");
     return S;
 }
 
 bool 积分赋值算式(const QString& 语句) {
     const QString s = txt::trim(语句);
     const int p = txt::instr(s, QString(QChar(0x222B)));  // ∫
-    公共.积分符号位置 = p;
+    脚本状态.积分符号位置 = p;
     if (p >= 3) {
         const int 末位 = 括号组末位(s, p);
         if (末位 >= 7) {
@@ -164,7 +166,7 @@ bool 积分赋值算式(const QString& 语句) {
             const QChar 名 = 目标字母(txt::left(s, p - 2));
             const QString 项 = txt::mid(s, p, 末位 - p + 1);  // anything behind is ignored
             const double r = 定积分计算(项);
-            if (txt::trim(公共.积分错误).isEmpty() && 公共.错误数 < 1) {
+            if (txt::trim(脚本状态.积分错误).isEmpty() && 计算状态.错误数 < 1) {
                 存入变量(名, 数值(r));
                 记录精度损失();  // the result is a double
                 return true;
@@ -173,6 +175,6 @@ bool 积分赋值算式(const QString& 语句) {
     }
     // A malformed statement reports only what the last integral left in
     // 积分错误; with that blank it fails silently.
-    if (!txt::trim(公共.积分错误).isEmpty()) 报告错误(公共.积分错误);
+    if (!txt::trim(脚本状态.积分错误).isEmpty()) 报告错误(脚本状态.积分错误);
     return false;
 }

@@ -9,7 +9,9 @@
 #include "numeric/rounding.h"
 #include "numeric/text.h"
 #include "script/script_detail.h"
-#include "shell/state.h"
+#include "expression/state.h"
+#include "numeric/state.h"
+#include "script/state.h"
 
 #include <QStringList>
 #include <cmath>
@@ -33,13 +35,13 @@ QChar 目标字母(const QString& 左侧) {
 void 存入变量(QChar 名, const 数值& 值) {
     int k = 字母序号(名.unicode());
     if (k < 0) k = 字母序号(u'F');
-    公共.字母变量[static_cast<std::size_t>(k)] = 值;
+    变量状态.字母变量[static_cast<std::size_t>(k)] = 值;
 }
 
 QString 括号组文本(const QString& 文本, int 组) {
     if (组 < 1 || 组 > 4) return QString();
-    const int 开 = 公共.括号组位置[static_cast<std::size_t>(2 * 组 - 2)];
-    const int 闭 = 公共.括号组位置[static_cast<std::size_t>(2 * 组 - 1)];
+    const int 开 = 脚本状态.括号组位置[static_cast<std::size_t>(2 * 组 - 2)];
+    const int 闭 = 脚本状态.括号组位置[static_cast<std::size_t>(2 * 组 - 1)];
     if (开 < 1 || 闭 <= 开 + 1) return QString();
     return txt::mid(文本, 开 + 1, 闭 - 开 - 1);
 }
@@ -155,7 +157,7 @@ QString 运行算式(const QString& 脚本) {
     QStringList 语句表 = s.split(u';');
     语句表.removeLast();  // the piece behind the closing ";"
 
-    公共.脚本输出.clear();
+    脚本状态.脚本输出.clear();
     for (const QString& 句 : std::as_const(语句表)) {
         QString 结果;
         bool 有输出 = false;
@@ -169,10 +171,10 @@ QString 运行算式(const QString& 脚本) {
         default: 结果 = 表达式计算(句); 有输出 = true; break;
         }
         if (!有输出) continue;
-        if (txt::trim(公共.脚本输出).isEmpty()) 公共.脚本输出 = 结果;
-        else 公共.脚本输出 += QStringLiteral("; ") + 结果;
+        if (txt::trim(脚本状态.脚本输出).isEmpty()) 脚本状态.脚本输出 = 结果;
+        else 脚本状态.脚本输出 += QStringLiteral("; ") + 结果;
     }
-    return 公共.脚本输出;
+    return 脚本状态.脚本输出;
 }
 
 // ------------------------------------------------------ plain statements
@@ -184,7 +186,7 @@ bool 赋值算式(const QString& 语句) {
     if (等号 < 1) return false;
     const QChar 名 = 目标字母(txt::left(s, 等号 - 1));
     const 数值 值 = Hvt数转数(数值(表达式计算(txt::mid(s, 等号 + 1))));
-    if (公共.错误数 >= 1) return false;
+    if (计算状态.错误数 >= 1) return false;
     存入变量(名, 值);
     return true;
 }
@@ -201,9 +203,9 @@ QString 常规输出算式(const QString& 语句) {
     // Without "=" the whole text, arrow included, goes to the evaluator,
     // which refuses it.
     const 数值 值 = Hvt数转数(数值(表达式计算(txt::mid(s, 等号 + 1))));
-    if (公共.错误数 > 0) return 失败;
-    QString 文本 = txt::trim(四舍五入(值, 公共.输出小数位数).文本());
-    if (公共.错误数 > 0) return 失败;
+    if (计算状态.错误数 > 0) return 失败;
+    QString 文本 = txt::trim(四舍五入(值, 计算状态.输出小数位数).文本());
+    if (计算状态.错误数 > 0) return 失败;
     if (文本.startsWith(u'.')) 文本.prepend(u'0');
     else if (文本.startsWith(QStringLiteral("-."))) 文本 = QStringLiteral("-0") + txt::mid(文本, 2);
     return 标签.isEmpty() ? 文本 : 标签 + QStringLiteral(" = ") + 文本;
@@ -228,7 +230,7 @@ int 配对括号位置(const QString& 文本, int 开括号位置) {
 
 bool 分析括号组(const QString& 文本, int 起点) {
     if (起点 < 1) 起点 = 1;
-    auto& g = 公共.括号组位置;
+    auto& g = 脚本状态.括号组位置;
     g.fill(0);
     const QString 开 = QStringLiteral("(");
     // Each search runs only when the position before it was found.
@@ -253,5 +255,5 @@ bool 分析括号组(const QString& 文本, int 起点) {
 
 int 括号组末位(const QString& 文本, int 起点) {
     if (!分析括号组(文本, 起点)) return 0;
-    return std::max(公共.括号组位置[5], 公共.括号组位置[7]);
+    return std::max(脚本状态.括号组位置[5], 脚本状态.括号组位置[7]);
 }

@@ -1,8 +1,8 @@
 // The formula script language of the calculation atlas.
 //
 // A script is one text of statements separated by ";", run from left to
-// right over the shared letter variables (公共.字母变量) and the arrays
-// 公共.数组U/V/W. Seven statement kinds are told apart by a plain search for
+// right over the shared letter variables (变量状态.字母变量) and the arrays
+// 脚本状态.数组U/V/W. Seven statement kinds are told apart by a plain search for
 // their mark anywhere in the statement, first hit wins:
 //
 //   1 "IF"  conditional     If(1)(F=1)(F=0)       条件判断算式
@@ -18,7 +18,7 @@
 //
 // All positions are 1-based UTF-16 code-unit positions (numeric/text.h).
 // Nothing here throws. Failures go into the shared collector (报告错误) and
-// the caller reads 公共.错误数 after a run; the runner itself never stops
+// the caller reads 计算状态.错误数 after a run; the runner itself never stops
 // early, it relies on 表达式计算 doing nothing once 错误数 > 0.
 // One thread; a run is not re-entrant (it works on 公共 throughout).
 #pragma once
@@ -36,13 +36,13 @@ int 语句种类(const QString& 语句);
 // Runs a script. Blanks are removed and the text is upper-cased; a blank
 // script gives "0". Each statement runs by its kind; kinds 5 and 7 add their
 // result to the output, joined by "; ". The output is also left in
-// 公共.脚本输出. The caller resets the collector (清除计算状态) before and
-// tests 公共.错误数 after: a failed run still returns text (a plain output
+// 脚本状态.脚本输出. The caller resets the collector (清除计算状态) before and
+// tests 计算状态.错误数 after: a failed run still returns text (a plain output
 // after an error adds "1").
 QString 运行算式(const QString& 脚本);
 
 // Arrow output "→label=expr": the value of expr, rounded by 四舍五入 to
-// 公共.输出小数位数 places, as "label = value" (or the value alone when the
+// 计算状态.输出小数位数 places, as "label = value" (or the value alone when the
 // label is blank). A leading "." gets a "0" ahead of it. On any failure the
 // literal "计算常规输出算式时---出错了！", which adds no error of its own.
 // The value is not stored anywhere.
@@ -67,7 +67,7 @@ bool 赋值算式(const QString& 语句);
 int 配对括号位置(const QString& 文本, int 开括号位置);
 
 // Finds up to four bracket groups from `起点` (below 1 counts as 1) and
-// writes them into 公共.括号组位置 (open1, close1, open2, close2, ...; 0 for
+// writes them into 脚本状态.括号组位置 (open1, close1, open2, close2, ...; 0 for
 // a group not found). Group 4 is looked for only when group 3 is well formed
 // and opens at 6 or later; it counts only when its "(" stands at 8 or later,
 // its match closes it, and no stray ")" stands between group 3 and it.
@@ -75,7 +75,7 @@ int 配对括号位置(const QString& 文本, int 开括号位置);
 bool 分析括号组(const QString& 文本, int 起点);
 
 // End of the last group (the greater of the ends of groups 3 and 4) when
-// 分析括号组 succeeds, else 0. Leaves 公共.括号组位置 set either way.
+// 分析括号组 succeeds, else 0. Leaves 脚本状态.括号组位置 set either way.
 int 括号组末位(const QString& 文本, int 起点);
 
 // ------------------------------------------ summation, array, conditional
@@ -109,7 +109,7 @@ bool 条件判断算式(const QString& 语句);
 // "F=∫(A)(B)(expr)(N)": integrates expr over X by 定积分计算 and stores the
 // double result into the target, counting one fall to double (记录精度损失).
 // A statement whose "∫" stands before position 3 or whose groups end before
-// 7 goes straight to the failure step: it reports 公共.积分错误 only when
+// 7 goes straight to the failure step: it reports 脚本状态.积分错误 only when
 // that is not blank (what the last integral left), else fails silently.
 bool 积分赋值算式(const QString& 语句);
 
@@ -123,7 +123,7 @@ bool 积分赋值算式(const QString& 语句);
 // evaluation error, left inside the range when the user stops the loop.
 // After 100 rounds, when the time estimate reaches 2 minutes, asks once
 // through 交互().询问 (title "提醒：耗时太多！"); yes stops.
-// Result: the integral, or 0 with 公共.积分错误 set; 公共.积分提示 is
+// Result: the integral, or 0 with 脚本状态.积分错误 set; 脚本状态.积分提示 is
 // "已经成功处理完积分表达式。" after success. Reports nothing itself.
 double 定积分计算(const QString& 积分项);
 

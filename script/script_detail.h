@@ -22,7 +22,7 @@ QChar 目标字母(const QString& 左侧);
 void 存入变量(QChar 名, const 数值& 值);
 
 // The text between the brackets of bracket group `组` (1..4) as
-// 分析括号组 left it in 公共.括号组位置; "" when the group is empty or
+// 分析括号组 left it in 脚本状态.括号组位置; "" when the group is empty or
 // missing.
 QString 括号组文本(const QString& 文本, int 组);
 

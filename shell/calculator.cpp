@@ -46,15 +46,15 @@ using namespace 计算器文本;
 QString 结果行(const QString& 原始结果, bool* 约数, QString* 状态) {
     QString r = 原始结果;
     bool 标记 = false;
-    if (判断数的有效字符长度(数值(r)) > 公共.可达有效位数) {
+    if (判断数的有效字符长度(数值(r)) > 计算状态.可达有效位数) {
         if (状态)
             *状态 = QStringLiteral("在运算中，某函数运算结果的有效数字较少，经混合运算后，可能从第") +
-                    QString::number(公共.可达有效位数 + 1) +
+                    QString::number(计算状态.可达有效位数 + 1) +
                     QStringLiteral("位有效数字后不能满足精度要求，后部应于删除。");
         标记 = true;
-        r = Hvt有效长度(数值(r), 公共.可达有效位数);
+        r = Hvt有效长度(数值(r), 计算状态.可达有效位数);
     }
-    r = txt::trim(四舍五入(数值(r), 公共.输出小数位数).文本());
+    r = txt::trim(四舍五入(数值(r), 计算状态.输出小数位数).文本());
     if (r.startsWith(u'.')) r = QStringLiteral("0") + r;
     else if (r.startsWith(QStringLiteral("-."))) r = QStringLiteral("-0.") + txt::mid(r, 3);
 
@@ -66,42 +66,37 @@ QString 结果行(const QString& 原始结果, bool* 约数, QString* 状态) {
 
     if (!r.contains(u'E')) {
         if (显示宽度(r) == 30) r += u'.';
-        const int 补 = 公共.输出小数位数 + 31 - 显示宽度(r);
+        const int 补 = 计算状态.输出小数位数 + 31 - 显示宽度(r);
         if (补 > 0) r += QString(补, 标记 ? u' ' : u'_');
     }
     if (约数) *约数 = 标记;
     return r;
 }
 
-计算显示 计算器计算(const QString& 输入, const 计算设置& 设置) {
-    公共.输出小数位数 = std::clamp(设置.小数位数, 0, 28);
-    公共.角度单位 = 设置.角度单位;
-    return 计算器计算(输入);
-}
-
-计算显示 计算器计算(const QString& 输入) {
+计算显示 计算器计算(const QString& 输入, const 输出设置& 设置) {
+    设置作用域 作用域({std::clamp(设置.小数位数, 0, 28), 设置.角度单位, 设置.高精度});
     计算显示 d;
     d.结果 = 正在计算;
     d.状态 = 核对提示;
     QString t = 算式字符规整(输入);
     t = 表达式规整(t);
     d.算式 = t;
-    if (公共.错误数 <= 0) {
+    if (计算状态.错误数 <= 0) {
         清除计算状态();
         const QString r = txt::trim(表达式计算(t));
         d.原始结果 = r;
         d.结果 = 结果行(r, &d.约数, &d.状态);
-        if (公共.错误数 <= 0) {
-            if (QString::compare(公共.提示记录, QStringLiteral("    ")) > 0) d.状态 = 公共.提示记录;
+        if (计算状态.错误数 <= 0) {
+            if (QString::compare(计算状态.提示记录, QStringLiteral("    ")) > 0) d.状态 = 计算状态.提示记录;
             d.成功 = true;
         }
     }
     if (!d.成功) {
-        d.结果 = txt::trim(公共.首个错误).isEmpty() ? 严重错误 : 公共.首个错误;
-        d.状态 = txt::trim(公共.错误记录);
+        d.结果 = txt::trim(计算状态.首个错误).isEmpty() ? 严重错误 : 计算状态.首个错误;
+        d.状态 = txt::trim(计算状态.错误记录);
         d.约数 = false;
     }
-    公共.可达有效位数 = 29;
+    计算状态.可达有效位数 = 29;
     清除计算状态();
     return d;
 }
@@ -381,7 +376,7 @@ QString 随机数文本() {
 
 namespace {
 数值& 内存变量(int k) {
-    return 公共.字母变量[static_cast<std::size_t>(字母序号(内存变量字母[static_cast<std::size_t>(k)]))];
+    return 变量状态.字母变量[static_cast<std::size_t>(字母序号(内存变量字母[static_cast<std::size_t>(k)]))];
 }
 }  // namespace
 
@@ -407,9 +402,9 @@ QStringList 应用内存变量(const QStringList& 九个文本) {
 }
 
 void 计算器初始化() {
-    公共.角度单位 = 60;
+    计算状态.角度单位 = 60;
     内存变量一至九();
-    公共.错误数 = 0;
-    公共.提示数 = 0;
-    公共.精度损失数 = 0;
+    计算状态.错误数 = 0;
+    计算状态.提示数 = 0;
+    计算状态.精度损失数 = 0;
 }

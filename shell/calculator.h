@@ -8,6 +8,8 @@
 // the evaluator's message boxes go through 交互().
 #pragma once
 
+#include "numeric/state.h"
+
 #include <QString>
 #include <QStringList>
 #include <array>
@@ -32,10 +34,6 @@ extern const QString 提示Text1, 提示Text2, 提示Text3, 提示Text4, 提示C
 // ---------------------------------------------------------------------------
 // Compute (dcButton10).
 
-struct 计算设置 {
-    int 小数位数 = 8;    // 输出小数位数, 0..28
-    int 角度单位 = 60;   // 60 度分秒, 100 百分度, 3 弧度
-};
 
 // What the screen shows after a compute.
 struct 计算显示 {
@@ -48,20 +46,18 @@ struct 计算显示 {
     bool 约数 = false;   // the result was cut to 可达有效位数
 };
 
-// The compute procedure. Writes 设置 into 公共.输出小数位数 and
-// 公共.角度单位 (the screen's settings are the shared ones), then:
-// normalise, on no error reset and evaluate, cut to 可达有效位数 with the
-// mark "约数", round by 四舍五入, pad to column 31 and fill with "_" (or
-// blanks for an approximate result). On failure 结果 is 首个错误 (or
-// 严重错误 when blank) and 状态 is 错误记录, trimmed. Ends with 可达有效位数
-// 29 and 清除计算状态, as the screen does after showing the result.
-// Never throws; messages of the evaluator go through 交互().
-计算显示 计算器计算(const QString& 输入, const 计算设置& 设置);
-// The same with the current shared settings (公共.输出小数位数, 公共.角度单位).
-计算显示 计算器计算(const QString& 输入);
+// The compute procedure, under `设置` (decimals clamped to 0..28; the
+// caller's own settings are back when it returns): normalise, on no error
+// reset and evaluate, cut to 可达有效位数 with the mark "约数", round by
+// 四舍五入, pad to column 31 and fill with "_" (or blanks for an approximate
+// result). On failure 结果 is 首个错误 (or 严重错误 when blank) and 状态 is
+// 错误记录, trimmed. Ends with 可达有效位数 29 and 清除计算状态, as the
+// screen does after showing the result. Never throws; messages of the
+// evaluator go through 交互().
+计算显示 计算器计算(const QString& 输入, const 输出设置& 设置);
 
 // Formats an evaluator result as the result line (steps 6 to 12 of the
-// compute): uses 公共.可达有效位数 and 公共.输出小数位数; sets 约数 and puts
+// compute): uses 计算状态.可达有效位数 and 计算状态.输出小数位数; sets 约数 and puts
 // the digit warning into 状态 when it cuts. Exposed for tests and the CLI.
 QString 结果行(const QString& 原始结果, bool* 约数 = nullptr, QString* 状态 = nullptr);
 

@@ -3,7 +3,7 @@
 // reacts to a click.
 #pragma once
 
-#include "shell/interaction.h"
+#include "numeric/interaction.h"
 
 #include <QFont>
 #include <QLabel>

@@ -197,9 +197,9 @@ Form1::Form1(QWidget* parent) : QDialog(parent), 存储_(std::make_unique<算式
     }
     工具->addStretch(1);
     connect(按钮("dcButton4", QStringLiteral("官方网站"), 工具), &QPushButton::clicked, this,
-            [] { 打开链接(公共.官网地址); });
+            [] { 打开链接(公共.程序.官网地址); });
     connect(按钮("dcButton8", QStringLiteral("软件升级"), 工具), &QPushButton::clicked, this,
-            [] { 打开链接(公共.主页地址); });
+            [] { 打开链接(公共.程序.主页地址); });
     外->addLayout(工具);
 
     auto* f1 = new QShortcut(QKeySequence::HelpContents, this);
@@ -207,16 +207,16 @@ Form1::Form1(QWidget* parent) : QDialog(parent), 存储_(std::make_unique<算式
 
     // Opening: the use count, the angle unit, R..Z = 1..9, the samples.
     const int 次 = 累加使用数(QStringLiteral("dcButJiSuan"));
-    if (次 > 0) 公共.计算次数 = 次;
-    setWindowTitle(公共.计算次数 > 0
-                       ? QStringLiteral("%1 — 科学计算器（第 %2 次使用）").arg(公共.软件标题).arg(公共.计算次数)
-                       : 公共.软件标题 + QStringLiteral(" — 科学计算器"));
+    if (次 > 0) 公共.程序.计算次数 = 次;
+    setWindowTitle(公共.程序.计算次数 > 0
+                       ? QStringLiteral("%1 — 科学计算器（第 %2 次使用）").arg(公共.程序.软件标题).arg(公共.程序.计算次数)
+                       : 公共.程序.软件标题 + QStringLiteral(" — 科学计算器"));
     计算器初始化();
-    command5_->setText(角度单位标题(公共.角度单位));
+    command5_->setText(角度单位标题(计算状态.角度单位));
     填入示例(*存储_);
-    combo1_->setCurrentIndex(std::clamp(公共.输出小数位数, 0, 28));
+    combo1_->setCurrentIndex(std::clamp(计算状态.输出小数位数, 0, 28));
     connect(combo1_, &QComboBox::currentIndexChanged, this, [](int i) {
-        if (i >= 0) 公共.输出小数位数 = i;  // the number at the head of the item
+        if (i >= 0) 计算状态.输出小数位数 = i;  // the number at the head of the item
     });
     text3_->setPlainText(计算器文本::角度说明);
     text1_->setFocus();
@@ -242,7 +242,7 @@ void Form1::计算() {
     text3_->setPlainText(计算器文本::核对提示);
     text2_->repaint();
     text3_->repaint();
-    const 计算显示 d = 计算器计算(text1_->toPlainText());
+    const 计算显示 d = 计算器计算(text1_->toPlainText(), 当前输出设置());
     text1_->setPlainText(d.算式);
     text2_->setStyleSheet(结果样式(d.成功));
     text2_->setText(d.结果);
@@ -277,8 +277,8 @@ void Form1::面板按下(int n) {
 }
 
 void Form1::切换角度单位() {
-    公共.角度单位 = 下一个角度单位(公共.角度单位);
-    command5_->setText(角度单位标题(公共.角度单位));
+    计算状态.角度单位 = 下一个角度单位(计算状态.角度单位);
+    command5_->setText(角度单位标题(计算状态.角度单位));
     text3_->setPlainText(计算器文本::角度混合提示);
 }
 

@@ -2,7 +2,7 @@
 
 #include "library/access.h"
 #include "numeric/text.h"
-#include "shell/interaction.h"
+#include "numeric/interaction.h"
 #include "shell/screens/common.h"
 #include "shell/screens/form1.h"
 #include "shell/startup.h"
@@ -58,7 +58,7 @@ void 放置(QWidget* w, const 菜单行& r) {
 
 Form2::Form2(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("Form2"));
-    setWindowTitle(公共.软件标题);
+    setWindowTitle(公共.程序.软件标题);
 
     auto* 外 = new QVBoxLayout(this);
     外->setContentsMargins(0, 4, 0, 16);
@@ -77,7 +77,7 @@ Form2::Form2(QWidget* parent) : QWidget(parent) {
         f.setBold(true);
         labelTop_->setFont(f);
     }
-    labelTop_->点击 = [] { 打开链接(公共.主页地址); };
+    labelTop_->点击 = [] { 打开链接(公共.程序.主页地址); };
 
     auto 大按钮 = [this](const 设计位置& d) {
         auto* b = new QPushButton(QString::fromUtf8(d.标题), 数据区_);
@@ -128,7 +128,7 @@ Form2::Form2(QWidget* parent) : QWidget(parent) {
     imageLogo_ = new 可点标签(this);
     imageLogo_->setObjectName(QStringLiteral("ImageLogo"));
     imageLogo_->setCursor(Qt::PointingHandCursor);
-    imageLogo_->点击 = [] { 打开链接(公共.升级地址); };
+    imageLogo_->点击 = [] { 打开链接(公共.程序.升级地址); };
     imageLogo_->hide();
     脚->addWidget(imageLogo_);
     labelShuoMing_ = new 可点标签(this);
@@ -136,7 +136,7 @@ Form2::Form2(QWidget* parent) : QWidget(parent) {
     labelShuoMing_->setWordWrap(true);
     labelShuoMing_->setCursor(Qt::PointingHandCursor);
     labelShuoMing_->setStyleSheet(QStringLiteral("color: #35506b;"));
-    labelShuoMing_->点击 = [] { 打开链接(公共.升级地址); };
+    labelShuoMing_->点击 = [] { 打开链接(公共.程序.升级地址); };
     脚->addWidget(labelShuoMing_, 1);
     auto 脚按钮 = [&](const char* 名, const char* 标题) {
         auto* b = new QPushButton(QString::fromUtf8(标题), this);
@@ -146,7 +146,7 @@ Form2::Form2(QWidget* parent) : QWidget(parent) {
         脚->addWidget(b);
         return b;
     };
-    connect(脚按钮("dcButton012", "软件升级"), &QPushButton::clicked, this, [] { 打开链接(公共.主页地址); });
+    connect(脚按钮("dcButton012", "软件升级"), &QPushButton::clicked, this, [] { 打开链接(公共.程序.主页地址); });
     connect(脚按钮("dcButton013", "帮助 ( F1 )"), &QPushButton::clicked, this, [] { 打开帮助(); });
     connect(脚按钮("dcButton015", "退 出  "), &QPushButton::clicked, this, [this] { close(); });
     下部->addLayout(脚);
@@ -178,7 +178,7 @@ void Form2::载入() {
     读菜单常规表();
     读图册按钮();
 
-    const QString 标志 = 公共.程序目录 + QStringLiteral("ReadLogo.gif");
+    const QString 标志 = 数据状态.程序目录 + QStringLiteral("ReadLogo.gif");
     QPixmap pm;
     if (QFileInfo(标志).isFile() && pm.load(标志)) {
         imageLogo_->setPixmap(pm.height() > 64 ? pm.scaledToHeight(64, Qt::SmoothTransformation) : pm);
@@ -187,8 +187,8 @@ void Form2::载入() {
         imageLogo_->clear();
         imageLogo_->hide();
     }
-    labelShuoMing_->setText(公共.说明文字);
-    setWindowTitle(公共.软件标题);
+    labelShuoMing_->setText(公共.程序.说明文字);
+    setWindowTitle(公共.程序.软件标题);
 
     // The data area is as large as what it holds.
     QRect 界;
@@ -205,13 +205,13 @@ int Form2::读菜单常规表() {
     if (行.size() >= 2) {
         放置(dcButJiSuan_, 行[1]);
         dcButJiSuan_->setText(行[1].按钮名);
-        公共.计算次数 = 行[1].使用数;
+        公共.程序.计算次数 = 行[1].使用数;
     }
     if (行.size() >= 3) {
         放置(dcButZuoBiao_, 行[2]);
         dcButZuoBiao_->setText(行[2].按钮名);
         dcButZuoBiao_->setToolTip(菜单提示(行[2]) + QStringLiteral("（") + 未提供 + QStringLiteral("）"));
-        公共.坐标次数 = 行[2].使用数;
+        公共.程序.坐标次数 = 行[2].使用数;
     }
     return 行[0].使用数;
 }
@@ -219,11 +219,11 @@ int Form2::读菜单常规表() {
 int Form2::读图册按钮() {
     QList<菜单行> 行 = 读表总表();
     const int n = std::min<int>(行.size(), 最多图册按钮);
-    公共.图册按钮表 = QStringList{QString()};  // entries 1..n
+    数据状态.图册按钮表 = QStringList{QString()};  // entries 1..n
     for (int i = 1; i <= 最多图册按钮; ++i) dcButMod_[i]->hide();
     for (int i = 1; i <= n; ++i) {
         const 菜单行& r = 行[i - 1];
-        公共.图册按钮表 << r.类别ID;
+        数据状态.图册按钮表 << r.类别ID;
         dcButMod_[i]->setText(r.按钮名);
         放置(dcButMod_[i], r);
         dcButMod_[i]->show();
@@ -237,17 +237,17 @@ void Form2::打开计算器() {
 }
 
 void Form2::打开图册(int i) {
-    if (i < 1 || i >= 公共.图册按钮表.size()) return;
-    读当前图册(公共.图册按钮表[i]);
-    const QString 文件 = 公共.程序目录 + 公共.图册库文件;
-    if (txt::trim(公共.图册库文件).isEmpty() || !QFileInfo(文件).isFile()) {
+    if (i < 1 || i >= 数据状态.图册按钮表.size()) return;
+    读当前图册(数据状态.图册按钮表[i]);
+    const QString 文件 = 数据状态.程序目录 + 数据状态.图册库文件;
+    if (txt::trim(数据状态.图册库文件).isEmpty() || !QFileInfo(文件).isFile()) {
         交互().告知(QStringLiteral("该模块对应的数据文件 [ ") + 文件 + QStringLiteral(" ] 异常。"));
         return;
     }
-    公共.类别数 = 读代码表(QStringLiteral("列类别"), QStringLiteral("编号"), QStringLiteral("名称"), 公共.类别ID表,
-                          公共.类别名称表, QStringLiteral(" Where (父关联=? and 用否=-1 ) Order By 编号 Asc"),
-                          {公共.图册类别ID});
+    数据状态.类别数 = 读代码表(QStringLiteral("列类别"), QStringLiteral("编号"), QStringLiteral("名称"), 数据状态.类别ID表,
+                          数据状态.类别名称表, QStringLiteral(" Where (父关联=? and 用否=-1 ) Order By 编号 Asc"),
+                          {数据状态.图册类别ID});
     设置输出格式();
     // The atlas screen is not in this build.
-    交互().告知(QStringLiteral("计算图册模块尚未提供。"), 公共.图册标题);
+    交互().告知(QStringLiteral("计算图册模块尚未提供。"), 数据状态.图册标题);
 }

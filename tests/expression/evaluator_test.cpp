@@ -4,8 +4,9 @@
 #include "expression/functions.h"
 #include "expression/normalise.h"
 #include "expression/validate.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "tests/support/recording.h"
+#include "expression/state.h"
+#include "numeric/state.h"
 
 #include <gtest/gtest.h>
 
@@ -16,13 +17,13 @@ class 求值 : public ::testing::Test {
 protected:
     void SetUp() override {
         清除计算状态();
-        公共.高精度开关 = true;
-        公共.角度单位 = 3;
-        for (auto& v : 公共.字母变量) v = 数值(Decimal96());
+        计算状态.高精度开关 = true;
+        计算状态.角度单位 = 3;
+        for (auto& v : 变量状态.字母变量) v = 数值(Decimal96());
     }
     void TearDown() override {
         清除计算状态();
-        公共.角度单位 = 60;
+        计算状态.角度单位 = 60;
     }
     交互记录作用域 盒;
 };
@@ -37,7 +38,7 @@ void 逐例(const std::initializer_list<例>& 表) {
         清除计算状态();
         const QString in = QString::fromUtf16(c.算式);
         EXPECT_EQ(表达式计算(in), QString::fromUtf16(c.结果)) << in.toStdString();
-        EXPECT_EQ(公共.错误数, 0) << in.toStdString() << " " << 公共.错误记录.toStdString();
+        EXPECT_EQ(计算状态.错误数, 0) << in.toStdString() << " " << 计算状态.错误记录.toStdString();
     }
 }
 
@@ -99,10 +100,10 @@ TEST_F(求值, 乘方从左到右) {
 }
 
 TEST_F(求值, 常数与变量) {
-    公共.字母变量[字母序号(u'X')] = 数值(7);
-    公共.字母变量[字母序号(u'E')] = 数值(3);
-    公共.字母变量[字母序号(u'R')] = 数值(QStringLiteral("-5"));
-    公共.字母变量[字母序号(u'Z')] = 数值();  // never set: the letter vanishes
+    变量状态.字母变量[字母序号(u'X')] = 数值(7);
+    变量状态.字母变量[字母序号(u'E')] = 数值(3);
+    变量状态.字母变量[字母序号(u'R')] = 数值(QStringLiteral("-5"));
+    变量状态.字母变量[字母序号(u'Z')] = 数值();  // never set: the letter vanishes
     逐例({
         {u"X", u"7"},
         {u"2*X", u"14"},
@@ -140,16 +141,16 @@ TEST_F(求值, 函数精度计数) {
     // An exact inverse sine keeps its 29 digits; a general one falls to double.
     清除计算状态();
     EXPECT_EQ(表达式计算(QStringLiteral("ASIN(1)")), QStringLiteral("1.5707963267948966192313216916"));
-    EXPECT_EQ(公共.可达有效位数, 29);
-    EXPECT_EQ(公共.精度损失数, 0);
+    EXPECT_EQ(计算状态.可达有效位数, 29);
+    EXPECT_EQ(计算状态.精度损失数, 0);
     清除计算状态();
     const QString r = 表达式计算(QStringLiteral("ASIN(0.5)"));
-    EXPECT_EQ(公共.可达有效位数, 15);
-    EXPECT_GE(公共.精度损失数, 1);
+    EXPECT_EQ(计算状态.可达有效位数, 15);
+    EXPECT_GE(计算状态.精度损失数, 1);
     EXPECT_NEAR(r.toDouble(), 0.5235987755982988, 1e-14);
     清除计算状态();
     表达式计算(QStringLiteral("LG(2)"));
-    EXPECT_EQ(公共.可达有效位数, 15);
+    EXPECT_EQ(计算状态.可达有效位数, 15);
 }
 
 TEST_F(求值, 反函数角度单位) {
@@ -165,9 +166,9 @@ TEST_F(求值, 反函数角度单位) {
     };
     for (const auto& c : 表) {
         清除计算状态();
-        公共.角度单位 = c.单位;
+        计算状态.角度单位 = c.单位;
         const QString r = 表达式计算(QString::fromUtf16(c.算式));
-        EXPECT_EQ(公共.错误数, 0);
+        EXPECT_EQ(计算状态.错误数, 0);
         EXPECT_NEAR(r.toDouble(), c.值, 1e-8) << c.单位 << " " << QString::fromUtf16(c.算式).toStdString();
     }
 }
@@ -184,7 +185,7 @@ TEST_F(求值, 无穷大提示) {
         盒.记录器.记录.clear();
         // 1E+28 goes back through the text and fits the decimal.
         EXPECT_EQ(表达式计算(QString::fromUtf16(c.算式)), QStringLiteral("10000000000000000000000000000"));
-        EXPECT_EQ(公共.错误数, 0);
+        EXPECT_EQ(计算状态.错误数, 0);
         EXPECT_EQ(盒.记录器.文本列表(), QStringList{QString::fromUtf16(c.提示)});
     }
 }
@@ -229,9 +230,9 @@ TEST_F(求值, 失败与消息) {
         盒.记录器.记录.clear();
         const QString in = QString::fromUtf16(c.算式);
         EXPECT_EQ(表达式计算(in), QStringLiteral("1")) << in.toStdString();
-        EXPECT_GE(公共.错误数, 1) << in.toStdString();
-        EXPECT_EQ(公共.首个错误, QString::fromUtf16(c.首个错误)) << in.toStdString();
-        EXPECT_TRUE(公共.错误记录.endsWith(QStringLiteral("\r\n")));
+        EXPECT_GE(计算状态.错误数, 1) << in.toStdString();
+        EXPECT_EQ(计算状态.首个错误, QString::fromUtf16(c.首个错误)) << in.toStdString();
+        EXPECT_TRUE(计算状态.错误记录.endsWith(QStringLiteral("\r\n")));
         if (c.有框) { EXPECT_EQ(盒.记录器.文本列表(), QStringList{QString::fromUtf16(c.首个错误)}) << in.toStdString(); }
         else { EXPECT_TRUE(盒.记录器.记录.isEmpty()) << in.toStdString(); }
     }
@@ -240,17 +241,17 @@ TEST_F(求值, 失败与消息) {
 TEST_F(求值, 读数细节进入记录) {
     清除计算状态();
     表达式计算(QStringLiteral("1+1.2.3"));
-    EXPECT_EQ(公共.错误数, 1);  // the detail line is recorded but not counted
-    EXPECT_TRUE(公共.错误记录.startsWith(QStringLiteral("1.2.3 表达式--小数点数太多--错误！请修改算式后计算。\r\n")))
-        << 公共.错误记录.toStdString();
+    EXPECT_EQ(计算状态.错误数, 1);  // the detail line is recorded but not counted
+    EXPECT_TRUE(计算状态.错误记录.startsWith(QStringLiteral("1.2.3 表达式--小数点数太多--错误！请修改算式后计算。\r\n")))
+        << 计算状态.错误记录.toStdString();
 }
 
 TEST_F(求值, 已有错误时不计算) {
     报告错误(QStringLiteral("earlier"));
     EXPECT_EQ(表达式计算(QStringLiteral("1+1")), QStringLiteral("1"));
     EXPECT_EQ(无括号表达式计算(QStringLiteral("2+2")), QStringLiteral("1"));
-    EXPECT_EQ(公共.错误数, 1);
-    EXPECT_EQ(公共.首个错误, QStringLiteral("earlier"));
+    EXPECT_EQ(计算状态.错误数, 1);
+    EXPECT_EQ(计算状态.首个错误, QStringLiteral("earlier"));
 }
 
 // The traps of the typed-text road, kept as they are, through the whole
@@ -274,7 +275,7 @@ TEST_F(求值, 整条路径的陷阱) {
         清除计算状态();
         const QString in = QString::fromUtf16(c.算式);
         const QString t = 表达式规整(算式字符规整(in));
-        ASSERT_EQ(公共.错误数, 0) << in.toStdString() << " " << 公共.错误记录.toStdString();
+        ASSERT_EQ(计算状态.错误数, 0) << in.toStdString() << " " << 计算状态.错误记录.toStdString();
         清除计算状态();
         EXPECT_EQ(表达式计算(t), QString::fromUtf16(c.结果)) << in.toStdString() << " → " << t.toStdString();
     }
@@ -349,7 +350,7 @@ TEST_F(求值, 改写捷径) {
     for (const auto& c : 表) {
         清除计算状态();
         EXPECT_EQ(表达式计算(QString::fromUtf16(c.算式)), QString::fromUtf16(c.结果));
-        EXPECT_EQ(公共.可达有效位数, c.位数) << QString::fromUtf16(c.算式).toStdString();
+        EXPECT_EQ(计算状态.可达有效位数, c.位数) << QString::fromUtf16(c.算式).toStdString();
     }
 }
 
@@ -375,7 +376,7 @@ TEST_F(求值, 读数) {
         const QString s = QString::fromUtf16(c.文);
         EXPECT_EQ(c.向前 ? 向前取数字(s, c.位) : 向后取数字(s, c.位), QString::fromUtf16(c.数))
             << s.toStdString() << " @" << c.位;
-        EXPECT_EQ(公共.错误数, 0) << s.toStdString();
+        EXPECT_EQ(计算状态.错误数, 0) << s.toStdString();
     }
     struct 败项 { const char16_t* 文; int 位; bool 向前; const char16_t* 细节; };
     const 败项 败表[] = {
@@ -391,9 +392,9 @@ TEST_F(求值, 读数) {
         清除计算状态();
         const QString s = QString::fromUtf16(c.文);
         const QString r = c.向前 ? 向前取数字(s, c.位) : 向后取数字(s, c.位);
-        EXPECT_EQ(公共.错误数, 1) << s.toStdString();
-        EXPECT_TRUE(公共.错误记录.contains(QString::fromUtf16(c.细节))) << s.toStdString() << " "
-                                                                     << 公共.错误记录.toStdString();
+        EXPECT_EQ(计算状态.错误数, 1) << s.toStdString();
+        EXPECT_TRUE(计算状态.错误记录.contains(QString::fromUtf16(c.细节))) << s.toStdString() << " "
+                                                                     << 计算状态.错误记录.toStdString();
         EXPECT_FALSE(r.isNull());
     }
 }

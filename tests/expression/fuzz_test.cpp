@@ -6,8 +6,8 @@
 #include "expression/normalise.h"
 #include "expression/validate.h"
 #include "numeric/decimal.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "tests/support/recording.h"
+#include "numeric/state.h"
 
 #include <gtest/gtest.h>
 
@@ -71,18 +71,18 @@ void 检查(const QString& 文本, const std::string& 名) {
 
     清除计算状态();
     const QString 规整 = 表达式规整(算式字符规整(文本));
-    if (公共.错误数 > 0) {
+    if (计算状态.错误数 > 0) {
         EXPECT_TRUE(规整.endsWith(QStringLiteral("请修改"))) << 名;
         // Several faults counted at once leave 首个错误 blank (the screen
         // then shows its fixed sentence), but the record always holds them.
-        EXPECT_FALSE(公共.错误记录.trimmed().isEmpty()) << 名;
+        EXPECT_FALSE(计算状态.错误记录.trimmed().isEmpty()) << 名;
     } else {
         清除计算状态();
         const QString r = 表达式计算(规整);
-        if (公共.错误数 > 0) {
+        if (计算状态.错误数 > 0) {
             EXPECT_EQ(r, QStringLiteral("1")) << 名;
-            EXPECT_FALSE(公共.首个错误.trimmed().isEmpty()) << 名;
-            EXPECT_TRUE(公共.错误记录.endsWith(QStringLiteral("\r\n"))) << 名;
+            EXPECT_FALSE(计算状态.首个错误.trimmed().isEmpty()) << 名;
+            EXPECT_TRUE(计算状态.错误记录.endsWith(QStringLiteral("\r\n"))) << 名;
         } else {
             double d = 0;
             EXPECT_TRUE(文本转双精度(r, d)) << 名 << " result " << r.toStdString();
@@ -91,7 +91,7 @@ void 检查(const QString& 文本, const std::string& 名) {
 
     清除计算状态();
     const QString 原 = 表达式计算(文本);
-    if (公共.错误数 > 0) { EXPECT_EQ(原, QStringLiteral("1")) << 名 << " (raw)"; }
+    if (计算状态.错误数 > 0) { EXPECT_EQ(原, QStringLiteral("1")) << 名 << " (raw)"; }
     else { EXPECT_FALSE(原.isEmpty()) << 名 << " (raw)"; }
 
     // A loose bound that only a runaway loop can pass (speed is measured
@@ -103,8 +103,8 @@ void 检查(const QString& 文本, const std::string& 名) {
 class 随机 : public ::testing::Test {
 protected:
     void SetUp() override {
-        公共.高精度开关 = true;
-        公共.角度单位 = 60;
+        计算状态.高精度开关 = true;
+        计算状态.角度单位 = 60;
         清除计算状态();
     }
     void TearDown() override { 清除计算状态(); }

@@ -1,8 +1,8 @@
 // Input normalisation: the ordered character table, the structure pass
 // (junk cut, names, implied multiplication) and the number cleaners.
 #include "expression/normalise.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "tests/support/recording.h"
+#include "numeric/state.h"
 
 #include <gtest/gtest.h>
 
@@ -99,7 +99,7 @@ TEST(StructurePass, StarsCutsAndPoints) {
         交互记录作用域 盒;
         清除计算状态();
         EXPECT_EQ(算式结构规整(Q(e.输入)), Q(e.期望));
-        EXPECT_EQ(公共.错误数, 0);
+        EXPECT_EQ(计算状态.错误数, 0);
     }
 }
 
@@ -125,21 +125,21 @@ TEST(StructurePass, NameCheck) {
         EXPECT_EQ(算式结构规整(Q(e.输入)), Q(e.输入));
         if (e.未知名) {
             const QString 消息 = 无法识读头 + Q(e.未知名) + 无法识读尾;
-            EXPECT_EQ(公共.错误数, 1);
-            EXPECT_EQ(公共.首个错误, 消息);
-            EXPECT_EQ(公共.错误记录, 消息 + u"\r\n"_qs);
+            EXPECT_EQ(计算状态.错误数, 1);
+            EXPECT_EQ(计算状态.首个错误, 消息);
+            EXPECT_EQ(计算状态.错误记录, 消息 + u"\r\n"_qs);
             EXPECT_EQ(盒.记录器.文本列表(), QStringList{消息});
         } else {
-            EXPECT_EQ(公共.错误数, 0);
+            EXPECT_EQ(计算状态.错误数, 0);
             EXPECT_TRUE(盒.记录器.记录.isEmpty());
         }
     }
     交互记录作用域 盒;
     清除计算状态();
     EXPECT_EQ(算式结构规整(u"XY+O+SIN1+QQ"_qs), u"XY+O+SIN1+QQ"_qs);
-    EXPECT_EQ(公共.错误数, 3);
-    EXPECT_EQ(公共.首个错误, 无法识读头 + u"XY"_qs + 无法识读尾);
-    EXPECT_EQ(公共.错误提示, 无法识读头 + u"QQ"_qs + 无法识读尾);
+    EXPECT_EQ(计算状态.错误数, 3);
+    EXPECT_EQ(计算状态.首个错误, 无法识读头 + u"XY"_qs + 无法识读尾);
+    EXPECT_EQ(计算状态.错误提示, 无法识读头 + u"QQ"_qs + 无法识读尾);
 }
 
 TEST(NumberBox, CleansAndReads) {
@@ -167,13 +167,13 @@ TEST(NumberBox, CleansAndReads) {
         const 数值 r = 规整数字(数值(Q(e.输入)));
         EXPECT_EQ(r.文本(), Q(e.期望));
         EXPECT_TRUE(r.是十进制());
-        EXPECT_EQ(公共.错误数, 0);
+        EXPECT_EQ(计算状态.错误数, 0);
     }
     for (const char16_t* s : {u"E", u"-", u".", u"5-3"}) {  // no number left
         SCOPED_TRACE(Q(s).toStdString());
         清除计算状态();
         EXPECT_EQ(规整数字(数值(Q(s))).文本(), u"1"_qs);
-        EXPECT_EQ(公共.错误数, 1);
+        EXPECT_EQ(计算状态.错误数, 1);
     }
 }
 
@@ -201,9 +201,9 @@ TEST(NumberText, LenientAndHighPrecision) {
         SCOPED_TRACE(Q(e.输入).toStdString());
         清除计算状态();
         EXPECT_EQ(规整数字文本(Q(e.输入)), Q(e.宽松));
-        EXPECT_EQ(公共.错误数, 0);
+        EXPECT_EQ(计算状态.错误数, 0);
         EXPECT_EQ(规整高精度数字文本(Q(e.输入)), Q(e.高精));
-        EXPECT_EQ(公共.错误数 > 0, Q(e.高精) == u"1"_qs);
+        EXPECT_EQ(计算状态.错误数 > 0, Q(e.高精) == u"1"_qs);
     }
 }
 

@@ -5,8 +5,8 @@
 #include "expression/validate.h"
 #include "numeric/guarded.h"
 #include "numeric/text.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "tests/support/recording.h"
+#include "numeric/state.h"
 
 #include <gtest/gtest.h>
 
@@ -75,13 +75,13 @@ TEST(NumberCanon, RewritesEachNumber) {
         SCOPED_TRACE(Q(e.输入).toStdString());
         清除计算状态();
         EXPECT_EQ(算式数字规范(Q(e.输入)), Q(e.期望));
-        EXPECT_EQ(公共.错误数, 0);
+        EXPECT_EQ(计算状态.错误数, 0);
     }
     for (const char16_t* s : {u"1.2.3", u"2E", u"1+2E+"}) {  // malformed: reported
         SCOPED_TRACE(Q(s).toStdString());
         清除计算状态();
         EXPECT_TRUE(算式数字规范(Q(s)).endsWith(u'1'));  // the failure marker stands for the rest
-        EXPECT_GT(公共.错误数, 0);
+        EXPECT_GT(计算状态.错误数, 0);
     }
 }
 
@@ -96,16 +96,16 @@ TEST(NumberCanon, PlainNumbersAsTheReaderReadsThem) {
     for (const bool 开 : {true, false}) {
         for (const char16_t* s : 表) {
             SCOPED_TRACE(Q(s).toStdString() + (开 ? " on" : " off"));
-            公共.高精度开关 = 开;
+            计算状态.高精度开关 = 开;
             清除计算状态();
             const QString 规范 = 算式数字规范(Q(s));
-            const int 损失 = 公共.精度损失数;
+            const int 损失 = 计算状态.精度损失数;
             清除计算状态();
             EXPECT_EQ(规范, txt::trim(Hvt数转数(数值(Q(s))).文本()));
-            EXPECT_EQ(损失, 公共.精度损失数);
+            EXPECT_EQ(损失, 计算状态.精度损失数);
         }
     }
-    公共.高精度开关 = true;
+    计算状态.高精度开关 = true;
 }
 
 TEST(AdjacencyCheck, CountsFaultsAndBrackets) {
@@ -136,12 +136,12 @@ TEST(AdjacencyCheck, CountsFaultsAndBrackets) {
         交互记录作用域 盒;
         清除计算状态();
         EXPECT_EQ(检查运算符相邻(Q(e.输入)), Q(e.输入));
-        EXPECT_EQ(公共.错误数, e.相邻错 + (e.括号 ? 1 : 0));
+        EXPECT_EQ(计算状态.错误数, e.相邻错 + (e.括号 ? 1 : 0));
         QStringList 应示;
         if (e.相邻错 > 0) 应示 << 相邻消息;  // one message, however many faults
         if (e.括号) 应示 << Q(e.括号);
         EXPECT_EQ(盒.记录器.文本列表(), 应示);
-        EXPECT_EQ(公共.错误记录, 应示.isEmpty() ? QString() : 应示.join(u"\r\n"_qs) + u"\r\n"_qs);
+        EXPECT_EQ(计算状态.错误记录, 应示.isEmpty() ? QString() : 应示.join(u"\r\n"_qs) + u"\r\n"_qs);
     }
 }
 
@@ -149,17 +149,17 @@ TEST(AdjacencyCheck, FirstErrorOnlyWhenCountIsOne) {
     交互记录作用域 盒;
     清除计算状态();
     检查运算符相邻(u"2.X"_qs);   // one fault: the count becomes 1
-    EXPECT_EQ(公共.首个错误, 相邻消息);
+    EXPECT_EQ(计算状态.首个错误, 相邻消息);
     清除计算状态();
     检查运算符相邻(u"1*/2"_qs);  // two faults: the count jumps past 1
-    EXPECT_EQ(公共.错误数, 2);
-    EXPECT_TRUE(公共.首个错误.isEmpty());
-    EXPECT_EQ(公共.错误提示, 相邻消息);
+    EXPECT_EQ(计算状态.错误数, 2);
+    EXPECT_TRUE(计算状态.首个错误.isEmpty());
+    EXPECT_EQ(计算状态.错误提示, 相邻消息);
     清除计算状态();
     检查运算符相邻(u"(*3"_qs);   // two faults, and the bracket message third
-    EXPECT_EQ(公共.错误数, 3);
-    EXPECT_TRUE(公共.首个错误.isEmpty());
-    EXPECT_EQ(公共.错误提示, 配对消息);
+    EXPECT_EQ(计算状态.错误数, 3);
+    EXPECT_TRUE(计算状态.首个错误.isEmpty());
+    EXPECT_EQ(计算状态.错误提示, 配对消息);
 }
 
 TEST(DisplayForm, SpacingAndNames) {
@@ -215,14 +215,14 @@ TEST(ExpressionTidy, WholeChain) {
         SCOPED_TRACE(Q(e.输入).toStdString());
         交互记录作用域 盒;
         EXPECT_EQ(表达式规整(算式字符规整(Q(e.输入))), Q(e.期望));
-        EXPECT_EQ(公共.错误数 > 0, e.有错);
+        EXPECT_EQ(计算状态.错误数 > 0, e.有错);
     }
     // Every tidy run starts from a reset.
     报告错误(u"earlier"_qs);
-    公共.精度损失数 = 3;
+    计算状态.精度损失数 = 3;
     EXPECT_EQ(表达式规整(u"1+2"_qs), u"1 + 2"_qs);
-    EXPECT_EQ(公共.错误数, 0);
-    EXPECT_EQ(公共.精度损失数, 0);
+    EXPECT_EQ(计算状态.错误数, 0);
+    EXPECT_EQ(计算状态.精度损失数, 0);
 }
 
 // Random text of up to 2 000 characters through both stages: no crash, no
@@ -254,18 +254,19 @@ TEST(ExpressionTidy, RandomTextNeverBreaks) {
         盒.记录器.记录.clear();
         const QString r = 表达式规整(算式字符规整(文本));
         ASSERT_FALSE(r.isEmpty());
-        ASSERT_EQ(r.endsWith(u"请修改"_qs), 公共.错误数 > 0) << 文本.toStdString();
-        ASSERT_EQ(公共.错误记录.isEmpty(), 公共.错误数 == 0) << 文本.toStdString();
-        for (const QString& 示 : 盒.记录器.文本列表()) ASSERT_TRUE(公共.错误记录.contains(示));
-        if (公共.错误数 == 0) {
+        ASSERT_EQ(r.endsWith(u"请修改"_qs), 计算状态.错误数 > 0) << 文本.toStdString();
+        ASSERT_EQ(计算状态.错误记录.isEmpty(), 计算状态.错误数 == 0) << 文本.toStdString();
+        for (const QString& 示 : 盒.记录器.文本列表()) ASSERT_TRUE(计算状态.错误记录.contains(示));
+        if (计算状态.错误数 == 0) {
             ++无错次数;
             const QString 再 = 表达式规整(算式字符规整(r));
-            EXPECT_EQ(公共.错误数, 0) << r.toStdString();
+            EXPECT_EQ(计算状态.错误数, 0) << r.toStdString();
             // The junk cut runs ahead of the operator repair, so a lone "/"
             // or "%" may be left at an end; otherwise the tidy text is stable.
             if ((txt::isAsciiLetter(r.front()) || 可开头.contains(r.front())) &&
-                (txt::isAsciiLetter(r.back()) || 可结尾.contains(r.back())))
+                (txt::isAsciiLetter(r.back()) || 可结尾.contains(r.back()))) {
                 EXPECT_EQ(再, r) << 文本.toStdString();
+            }
         }
         规整数字文本(文本);
         规整数字列表(文本);

@@ -5,8 +5,9 @@
 
 #include "numeric/rounding.h"
 #include "numeric/textfile.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "tests/support/recording.h"
+#include "geodesy/state.h"
+#include "numeric/state.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -22,13 +23,13 @@ struct 解析结果 {
 
 解析结果 解析(const QString& s, bool 角度 = false, QString 顺序 = "YXH", QString 带号 = "", int 上限 = 200,
               QString 分隔 = ",") {
-    公共.列表分隔符 = 分隔;
+    坐标状态.列表分隔符 = 分隔;
     解析结果 r;
     r.个数 = 上限;
     r.顺序 = 顺序;
     r.带号 = 带号;
     r.文本 = 坐标文本解析(s, r.个数, r.组, 角度, r.顺序, r.带号);
-    公共.列表分隔符 = ",";
+    坐标状态.列表分隔符 = ",";
     return r;
 }
 

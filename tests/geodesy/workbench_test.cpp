@@ -5,8 +5,9 @@
 #include "geodesy/workbench.h"
 
 #include "numeric/circular.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "tests/support/recording.h"
+#include "geodesy/state.h"
+#include "numeric/state.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +41,7 @@ TEST(同系坐标转换, 经纬度到公里网) {
                                           "北京 , 00448687.997 , 4418676.150\r\n"
                                           "\r\n旧的成果"));
     EXPECT_TRUE(记录.记录器.记录.isEmpty());
-    EXPECT_EQ(公共.列表分隔符, QString(","));
+    EXPECT_EQ(坐标状态.列表分隔符, QString(","));
 }
 
 TEST(同系坐标转换, 公里网到经纬度与换带) {
@@ -81,8 +82,8 @@ TEST(同系坐标转换, 坏点与空表) {
     struct { int 模式; const char* 行; const char* 附注; QString 零; } 表[] = {
         {0, "A, 123.3, 39.54", "错误? 中央子午线设置有误！", 零Y + " , " + 零X},
         {0, "A, 116.24, 95", "错误? 经纬度应 |x|<=90 |y|<=180", 零Y + " , " + 零X},
-        {1, "A, 448687.997, 10004418676", "错误?公里网坐标(|X|)超出常规!", 角度转文本(0) + " , " + 角度转文本(0)},
-        {1, "A, -448687.997, 4418676.15", "错误?公里网坐标(Y<0)超出常规!", 角度转文本(0) + " , " + 角度转文本(0)},
+        {1, "A, 448687.997, 10004418676", "错误?公里网坐标(|X|)超出常规!", 角度转文本(0, 坐标状态.格式2位角度) + " , " + 角度转文本(0, 坐标状态.格式2位角度)},
+        {1, "A, -448687.997, 4418676.15", "错误?公里网坐标(Y<0)超出常规!", 角度转文本(0, 坐标状态.格式2位角度) + " , " + 角度转文本(0, 坐标状态.格式2位角度)},
     };
     for (const auto& t : 表) {
         const QString 左 = QString::fromUtf8(t.行) + "\r\nB, 116.24, 39.54\r\n";
@@ -106,14 +107,14 @@ TEST(同系坐标转换, 分隔符系统与上限) {
     s.椭球键 = "2K";
     s.坐标系名称 = 坐标系名称("2K");
     auto r = 同系坐标转换(QString::fromUtf8("A\t116.24\t39.54\r\n"), s, QString());
-    EXPECT_EQ(公共.列表分隔符, QString("\t"));
+    EXPECT_EQ(坐标状态.列表分隔符, QString("\t"));
     EXPECT_TRUE(r.右文本.startsWith(QString::fromUtf8("*** 国家2000 公里网（YXH）")));
     // TAB is no printable separator: the cleaned list is written with ",".
     EXPECT_TRUE(r.左文本.contains(QString::fromUtf8("A    , 116°24′00″ , 39°54′00″")));
     // A different ellipsoid gives other digits.
     const auto bj = 同系坐标转换(QString::fromUtf8("A,116.24,39.54\r\n"), 设置(0), QString());
     EXPECT_NE(r.右文本.split("\r\n")[1], bj.右文本.split("\r\n")[1]);
-    公共.列表分隔符 = ",";
+    坐标状态.列表分隔符 = ",";
     EXPECT_TRUE(记录.记录器.记录.isEmpty());
     QString 多;   // the screen's limit of 200
     for (int i = 0; i < 230; ++i) 多 += QString("P%1, 116.%2, 39.54\r\n").arg(i).arg(i % 50 + 10);

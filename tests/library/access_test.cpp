@@ -1,7 +1,8 @@
 // The data layer against real SQLite files built from the shipped seeds.
 #include "library/access.h"
 
-#include "shell/state.h"
+#include "library/state.h"
+#include "tests/support/state_guard.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -62,30 +63,26 @@ class 菜单库 : public ::testing::Test {
 protected:
     QTemporaryDir 目录;
     QString 文件;
-    公共状态 旧;
+    状态守卫<数据状态> 守;
 
-    void SetUp() override {
-        旧 = 公共;
-        重建();
-    }
+    void SetUp() override { 重建(); }
     void 重建() {
         ASSERT_TRUE(目录.isValid());
         文件 = 目录.filePath(QStringLiteral("QdpxMenu.db"));
         QFile::remove(文件);
         QString why;
         ASSERT_TRUE(由脚本建库(种子目录 + QStringLiteral("QdpxMenu.sql"), 文件, &why)) << why.toStdString();
-        公共.驱动串 = QStringLiteral("Driver={SQLite3 ODBC Driver};Dbq=") + 目录.path() + u'/';
-        公共.菜单库连接串 = 公共.驱动串 + QStringLiteral("QdpxMenu.db;Uid=admin;Pwd=QrtPlvKest481926;");
+        数据状态.驱动串 = QStringLiteral("Driver={SQLite3 ODBC Driver};Dbq=") + 目录.path() + u'/';
+        数据状态.菜单库连接串 = 数据状态.驱动串 + QStringLiteral("QdpxMenu.db;Uid=admin;Pwd=QrtPlvKest481926;");
     }
     void TearDown() override {
         EXPECT_TRUE(QSqlDatabase::connectionNames().isEmpty()) << "a connection was left open";
-        公共 = 旧;
     }
     int 使用数(const QString& id) {
-        return 读数(公共.菜单库连接串, QStringLiteral("Select 使用数 From 常规表 Where 类别ID = ?"), {id});
+        return 读数(数据状态.菜单库连接串, QStringLiteral("Select 使用数 From 常规表 Where 类别ID = ?"), {id});
     }
     int 所有使用数之和() {
-        return 读数(公共.菜单库连接串, QStringLiteral("Select sum(使用数) From 常规表"));
+        return 读数(数据状态.菜单库连接串, QStringLiteral("Select sum(使用数) From 常规表"));
     }
 };
 
@@ -103,14 +100,14 @@ TEST(取库文件名Test, FindsThePathBehindDbq) {
 }
 
 TEST_F(菜单库, SoftwareInfoCountsEachStartAndTakesTheIdentity) {
-    公共.软件标题 = QStringLiteral("默认");
+    软件信息 行;
     EXPECT_EQ(读软件信息(), 1);
-    EXPECT_EQ(读软件信息(), 2);
-    EXPECT_EQ(公共.启动次数, 2);
+    EXPECT_EQ(读软件信息(&行), 2);
+    EXPECT_EQ(行.使用数, 2);
     EXPECT_EQ(使用数(QStringLiteral("SoftName")), 2);
-    EXPECT_NE(公共.软件标题, QStringLiteral("默认"));
-    EXPECT_FALSE(公共.说明文字.isEmpty());
-    EXPECT_TRUE(公共.升级地址.startsWith(QStringLiteral("https://")));
+    EXPECT_FALSE(行.软件显示.isEmpty());
+    EXPECT_FALSE(行.备注.isEmpty());
+    EXPECT_TRUE(行.链接.startsWith(QStringLiteral("https://")));
 }
 
 TEST_F(菜单库, SoftwareInfoNeedsExactlyOneRow) {
@@ -121,13 +118,12 @@ TEST_F(菜单库, SoftwareInfoNeedsExactlyOneRow) {
     };
     for (const auto& c : cases) {
         重建();
-        ASSERT_TRUE(执行(公共.菜单库连接串, QString::fromUtf8(c.准备))) << c.名;
+        ASSERT_TRUE(执行(数据状态.菜单库连接串, QString::fromUtf8(c.准备))) << c.名;
         const int 前 = 所有使用数之和();
-        公共.软件标题 = QStringLiteral("默认");
-        公共.启动次数 = 1;
-        EXPECT_EQ(读软件信息(), 0) << c.名;
-        EXPECT_EQ(公共.软件标题, QStringLiteral("默认")) << c.名;
-        EXPECT_EQ(公共.启动次数, 1) << c.名;
+        软件信息 行;
+        行.软件显示 = QStringLiteral("默认");
+        EXPECT_EQ(读软件信息(&行), 0) << c.名;
+        EXPECT_EQ(行.软件显示, QStringLiteral("默认")) << c.名;
         EXPECT_EQ(所有使用数之和(), 前) << c.名 << ": nothing may be written";
     }
 }
@@ -151,7 +147,7 @@ TEST_F(菜单库, UseCountsOfTheFixedRows) {
 TEST_F(菜单库, AKeyWithAQuoteThatIsReallyStoredIsStillNoRow) {
     // Even a row whose key holds a quote can't be reached: the old
     // statements could never have matched it, and neither do these.
-    ASSERT_TRUE(执行(公共.菜单库连接串,
+    ASSERT_TRUE(执行(数据状态.菜单库连接串,
                      QStringLiteral("Insert Into 常规表 (排序, 类别ID, 使用数) Values (4, ?, 7)"), {QStringLiteral("a'b")}));
     EXPECT_EQ(累加使用数(QStringLiteral("a'b")), 0);
     EXPECT_EQ(使用数(QStringLiteral("a'b")), 7);
@@ -159,7 +155,7 @@ TEST_F(菜单库, AKeyWithAQuoteThatIsReallyStoredIsStillNoRow) {
 
 TEST_F(菜单库, MissingOrBrokenFileGivesZeroAndCreatesNothing) {
     const QString 丢失 = 目录.filePath(QStringLiteral("没有/QdpxMenu.db"));
-    公共.菜单库连接串 = 连接串(丢失);
+    数据状态.菜单库连接串 = 连接串(丢失);
     EXPECT_EQ(读软件信息(), 0);
     EXPECT_EQ(累加使用数(QStringLiteral("dcButJiSuan")), 0);
     EXPECT_TRUE(读表总表().isEmpty());
@@ -173,7 +169,7 @@ TEST_F(菜单库, MissingOrBrokenFileGivesZeroAndCreatesNothing) {
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write("this is not a database file, only text that looks like nothing");
     f.close();
-    公共.菜单库连接串 = 连接串(坏);
+    数据状态.菜单库连接串 = 连接串(坏);
     EXPECT_EQ(读软件信息(), 0);
     EXPECT_TRUE(读常规表().isEmpty());
 }
@@ -191,7 +187,7 @@ TEST_F(菜单库, MenuRowsComeInSortOrder) {
 TEST_F(菜单库, AtlasListHidesRowsNotAboveZeroAndKeepsOrder) {
     const int 排序[] = {5, 0, 13, -2, 1, 7};
     for (int s : 排序)
-        ASSERT_TRUE(执行(公共.菜单库连接串,
+        ASSERT_TRUE(执行(数据状态.菜单库连接串,
                          QStringLiteral("Insert Into 表总表 (排序, 类别ID, 按钮名, 使用数) Values (?, ?, ?, 0)"),
                          {s, QStringLiteral("T%1").arg(s), QStringLiteral("图册%1").arg(s)}));
     const auto 行 = 读表总表();
@@ -201,31 +197,31 @@ TEST_F(菜单库, AtlasListHidesRowsNotAboveZeroAndKeepsOrder) {
 }
 
 TEST_F(菜单库, CurrentAtlasTakesTheRowAndCounts) {
-    ASSERT_TRUE(执行(公共.菜单库连接串,
+    ASSERT_TRUE(执行(数据状态.菜单库连接串,
                      QStringLiteral("Insert Into 表总表 (排序, 类别ID, 类别QZ, 软件显示, 帮助文件, Acs库名, Acs密码, "
                                     "公式ID, 公式LB, 使用数) Values (1, 'GS1', 'QZ', '图册一', 'h.html', ' atlas1.db ', "
                                     "' pw ', 'F7', 'L3', 4)")));
-    ASSERT_TRUE(执行(公共.菜单库连接串,
+    ASSERT_TRUE(执行(数据状态.菜单库连接串,
                      QStringLiteral("Insert Into 表总表 (排序, 类别ID, 使用数) Values (2, 'DUP', 0), (3, 'DUP', 0)")));
     EXPECT_EQ(读当前图册(QStringLiteral("GS1")), 5);
     EXPECT_EQ(读当前图册(QStringLiteral("GS1")), 6);
-    EXPECT_EQ(公共.图册ID前缀, QStringLiteral("QZ"));
-    EXPECT_EQ(公共.图册标题, QStringLiteral("图册一"));
-    EXPECT_EQ(公共.初始类别, QStringLiteral("L3"));
-    EXPECT_EQ(公共.图册库文件, QStringLiteral(" atlas1.db "));
-    EXPECT_EQ(公共.图册库连接串, 公共.驱动串 + QStringLiteral("atlas1.db;Uid=admin;Pwd=pw;"));
+    EXPECT_EQ(数据状态.图册ID前缀, QStringLiteral("QZ"));
+    EXPECT_EQ(数据状态.图册标题, QStringLiteral("图册一"));
+    EXPECT_EQ(数据状态.初始类别, QStringLiteral("L3"));
+    EXPECT_EQ(数据状态.图册库文件, QStringLiteral(" atlas1.db "));
+    EXPECT_EQ(数据状态.图册库连接串, 数据状态.驱动串 + QStringLiteral("atlas1.db;Uid=admin;Pwd=pw;"));
 
     for (const char* id : {"DUP", "none", "GS1'"}) {
-        公共.图册标题 = QStringLiteral("旧");
+        数据状态.图册标题 = QStringLiteral("旧");
         EXPECT_EQ(读当前图册(QString::fromUtf8(id)), 0) << id;
-        EXPECT_TRUE(公共.图册标题.isEmpty()) << id;
-        EXPECT_TRUE(公共.图册库连接串.isEmpty()) << id;
+        EXPECT_TRUE(数据状态.图册标题.isEmpty()) << id;
+        EXPECT_TRUE(数据状态.图册库连接串.isEmpty()) << id;
     }
-    EXPECT_EQ(读数(公共.菜单库连接串, QStringLiteral("Select sum(使用数) From 表总表 Where 类别ID='DUP'")), 0);
+    EXPECT_EQ(读数(数据状态.菜单库连接串, QStringLiteral("Select sum(使用数) From 表总表 Where 类别ID='DUP'")), 0);
 }
 
 TEST_F(菜单库, CodeTableBindsItsConditionAndFillsFromOne) {
-    ASSERT_TRUE(执行(公共.菜单库连接串,
+    ASSERT_TRUE(执行(数据状态.菜单库连接串,
                      QStringLiteral("Insert Into 列类别 (编号, 名称, 父关联, 用否) Values "
                                     "('02', '二', 'GS1', -1), ('01', '一', 'GS1', -1), ('03', '三', 'GS1', 0), "
                                     "('04', NULL, 'GS1', -1), ('09', '九', 'GS2', -1), ('05', '五', 'G''S', -1)")));
@@ -268,7 +264,7 @@ TEST_F(菜单库, CodeTableRefusesBadNamesAndBadConditions) {
 
 TEST_F(菜单库, FormulaRecordsOfAnAtlas) {
     const QString 图册 = 目录.filePath(QStringLiteral("atlas.db"));
-    公共.图册库连接串 = 连接串(图册);
+    数据状态.图册库连接串 = 连接串(图册);
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("mk"));
         db.setDatabaseName(图册);
@@ -289,28 +285,28 @@ TEST_F(菜单库, FormulaRecordsOfAnAtlas) {
     }
 
     EXPECT_TRUE(清除公式图片(QStringLiteral("A1"), 1));
-    EXPECT_EQ(读数(公共.图册库连接串, QStringLiteral("Select length(式1图) From 公式库 Where [ID号]='A1'")), 0);
-    EXPECT_EQ(读数(公共.图册库连接串, QStringLiteral("Select length(式2图) From 公式库 Where [ID号]='A1'")), 2);
+    EXPECT_EQ(读数(数据状态.图册库连接串, QStringLiteral("Select length(式1图) From 公式库 Where [ID号]='A1'")), 0);
+    EXPECT_EQ(读数(数据状态.图册库连接串, QStringLiteral("Select length(式2图) From 公式库 Where [ID号]='A1'")), 2);
     EXPECT_TRUE(清除公式图片(QStringLiteral("A1"), 2));
-    EXPECT_EQ(读数(公共.图册库连接串, QStringLiteral("Select length(式2图) From 公式库 Where [ID号]='A1'")), 0);
+    EXPECT_EQ(读数(数据状态.图册库连接串, QStringLiteral("Select length(式2图) From 公式库 Where [ID号]='A1'")), 0);
     EXPECT_FALSE(清除公式图片(QStringLiteral("Z"), 1));
     EXPECT_FALSE(清除公式图片(QStringLiteral("D"), 1)) << "two rows: not exactly one";
-    EXPECT_EQ(读数(公共.图册库连接串, QStringLiteral("Select min(length(式1图)) From 公式库 Where [ID号]='D'")), 1);
+    EXPECT_EQ(读数(数据状态.图册库连接串, QStringLiteral("Select min(length(式1图)) From 公式库 Where [ID号]='D'")), 1);
 
     EXPECT_FALSE(删除公式记录(QStringLiteral("D")));
     EXPECT_FALSE(删除公式记录(QStringLiteral("B2' or '1'='1")));
     EXPECT_TRUE(删除公式记录(QStringLiteral(" B2 ")));
     EXPECT_FALSE(公式存在(QStringLiteral("B2")));
-    EXPECT_EQ(读数(公共.图册库连接串, QStringLiteral("Select count(*) From 公式库")), 3);
+    EXPECT_EQ(读数(数据状态.图册库连接串, QStringLiteral("Select count(*) From 公式库")), 3);
 }
 
 TEST_F(菜单库, ACallbackThatThrowsOrFailsRollsBack) {
     const int 前 = 所有使用数之和();
-    EXPECT_FALSE(执行库操作(公共.菜单库连接串, [](QSqlDatabase& db) -> bool {
+    EXPECT_FALSE(执行库操作(数据状态.菜单库连接串, [](QSqlDatabase& db) -> bool {
         QSqlQuery(db).exec(QStringLiteral("Update 常规表 Set 使用数 = 100"));
         throw 1;
     }));
-    EXPECT_FALSE(执行库操作(公共.菜单库连接串, [](QSqlDatabase& db) {
+    EXPECT_FALSE(执行库操作(数据状态.菜单库连接串, [](QSqlDatabase& db) {
         QSqlQuery(db).exec(QStringLiteral("Update 常规表 Set 使用数 = 100"));
         return false;
     }));

@@ -8,8 +8,8 @@
 #include "numeric/powers.h"
 #include "numeric/statistics.h"
 #include "numeric/value.h"
-#include "shell/interaction.h"
-#include "shell/state.h"
+#include "tests/support/recording.h"
+#include "numeric/state.h"
 
 #include "numeric_test_support.h"
 
@@ -30,11 +30,11 @@ protected:
     交互记录作用域 框;
     void SetUp() override {
         状态复位::SetUp();
-        公共.角度单位 = 60;
+        计算状态.角度单位 = 60;
     }
     void TearDown() override {
         状态复位::TearDown();
-        公共.角度单位 = 60;
+        计算状态.角度单位 = 60;
     }
 };
 
@@ -60,9 +60,9 @@ TEST_F(函数, 乘方的精确结果与计数) {
         清除计算状态();
         SCOPED_TRACE(std::string(e.x) + "^" + e.y);
         EXPECT_EQ(述(乘方(T(e.x), T(e.y))), e.结果);
-        EXPECT_EQ(公共.可达有效位数, e.位数);
-        EXPECT_EQ(公共.精度损失数, e.损失);
-        EXPECT_EQ(公共.错误数, 0) << S(公共.错误记录);
+        EXPECT_EQ(计算状态.可达有效位数, e.位数);
+        EXPECT_EQ(计算状态.精度损失数, e.损失);
+        EXPECT_EQ(计算状态.错误数, 0) << S(计算状态.错误记录);
     }
 }
 
@@ -80,8 +80,8 @@ TEST_F(函数, 乘方的迭代结果保住二十七位以上) {
     for (const auto& e : 例) {
         清除计算状态();
         EXPECT_TRUE(接近(乘方(T(e.x), T(e.y)), e.真值, e.容差)) << e.x << "^" << e.y;
-        EXPECT_EQ(公共.可达有效位数, 28) << e.x << "^" << e.y;
-        EXPECT_EQ(公共.精度损失数, 0) << e.x << "^" << e.y;
+        EXPECT_EQ(计算状态.可达有效位数, 28) << e.x << "^" << e.y;
+        EXPECT_EQ(计算状态.精度损失数, 0) << e.x << "^" << e.y;
     }
     // An exponent just below a power of two makes the doubling creep one step
     // a round; such a power must still come back at once and right.
@@ -106,26 +106,26 @@ TEST_F(函数, 乘方与开平方的失败) {
     for (const auto& e : 例) {
         清除计算状态();
         EXPECT_EQ(述(e.开方 ? 开平方(T(e.x)) : 乘方(T(e.x), T(e.y))), "T:1") << e.x << "^" << e.y;
-        EXPECT_EQ(公共.错误数, 1) << e.x << "^" << e.y << S(公共.错误记录);
-        EXPECT_EQ(S(公共.首个错误), e.首个错误);
+        EXPECT_EQ(计算状态.错误数, 1) << e.x << "^" << e.y << S(计算状态.错误记录);
+        EXPECT_EQ(S(计算状态.首个错误), e.首个错误);
     }
 }
 
 TEST_F(函数, 高精度关闭与二十八位规则) {
-    公共.高精度开关 = false;
+    计算状态.高精度开关 = false;
     for (const 数值& r : {乘方(T("2"), T("0.5")), 开平方(T("2"))}) {
         ASSERT_TRUE(r.是双精度()) << 述(r);
         EXPECT_DOUBLE_EQ(r.双精度值(), std::sqrt(2.0));
     }
-    EXPECT_EQ(公共.可达有效位数, 15);
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.可达有效位数, 15);
+    EXPECT_EQ(计算状态.错误数, 0);
     EXPECT_EQ(述(开平方(T("-4"))), "T:1");
-    EXPECT_EQ(公共.错误数, 1);
+    EXPECT_EQ(计算状态.错误数, 1);
     // After a step in double, a decimal power or root must not claim 28 digits.
-    公共.高精度开关 = true;
+    计算状态.高精度开关 = true;
     EXPECT_EQ(述(乘方(T("2"), T("3"))), "D:8");
     开平方(T("3"));
-    EXPECT_EQ(公共.可达有效位数, 15);
+    EXPECT_EQ(计算状态.可达有效位数, 15);
 }
 
 TEST_F(函数, 开平方的精确与迭代) {
@@ -142,8 +142,8 @@ TEST_F(函数, 开平方的精确与迭代) {
         const 数值 r = 开平方(T(e.x));
         if (*e.结果) { EXPECT_EQ(述(r), e.结果) << e.x; }
         else { EXPECT_TRUE(接近(r, e.真值, 1E-27)) << e.x; }
-        EXPECT_EQ(公共.可达有效位数, e.位数) << e.x;
-        EXPECT_EQ(公共.错误数, 0) << e.x;
+        EXPECT_EQ(计算状态.可达有效位数, e.位数) << e.x;
+        EXPECT_EQ(计算状态.错误数, 0) << e.x;
     }
 }
 
@@ -153,14 +153,14 @@ TEST_F(函数, 对数走双精度并拒绝非正数) {
         const 数值 r = 常用 ? 求常用对数(T(x)) : 求自然对数(T(x));
         ASSERT_TRUE(r.是双精度()) << x << " " << 述(r);
         EXPECT_NEAR(r.双精度值(), 值, 1E-14) << x;
-        EXPECT_EQ(公共.精度损失数, 1) << x;
-        EXPECT_EQ(公共.可达有效位数, 15) << x;
+        EXPECT_EQ(计算状态.精度损失数, 1) << x;
+        EXPECT_EQ(计算状态.可达有效位数, 15) << x;
     }
     清除计算状态();
     EXPECT_EQ(述(求自然对数(T("0"))), "T:1");
     EXPECT_EQ(述(求常用对数(T("-5"))), "T:1");
-    EXPECT_EQ(S(公共.错误记录), "ln(x)的x 小于等于0错误。\r\nlg(x)的x 小于等于0错误。\r\n");
-    EXPECT_EQ(公共.精度损失数, 0);
+    EXPECT_EQ(S(计算状态.错误记录), "ln(x)的x 小于等于0错误。\r\nlg(x)的x 小于等于0错误。\r\n");
+    EXPECT_EQ(计算状态.精度损失数, 0);
 }
 
 // ---- Circular functions ----------------------------------------------------------
@@ -187,8 +187,8 @@ TEST_F(函数, 特殊角给精确值不动位数) {
     for (const auto& e : 例) {
         清除计算状态();
         EXPECT_EQ(述(调用(e.f, T(e.x))), e.结果) << e.f << "(" << e.x << ")";
-        EXPECT_EQ(公共.可达有效位数, 29) << e.f << "(" << e.x << ")";
-        EXPECT_EQ(公共.错误数, 0);
+        EXPECT_EQ(计算状态.可达有效位数, 29) << e.f << "(" << e.x << ")";
+        EXPECT_EQ(计算状态.错误数, 0);
     }
     const struct { char f; const char* x; const char* 消息; } 极[] = {
         {'t', kπ除二, "  进行[HvtTan]正切运算时， 1.5707963267948966192313216916 数值超出计算范围，我无法计算！返回数值用 [空值] 表示。"},
@@ -197,8 +197,8 @@ TEST_F(函数, 特殊角给精确值不动位数) {
     for (const auto& e : 极) {
         清除计算状态();
         EXPECT_EQ(述(调用(e.f, T(e.x))), "E:") << e.x;
-        EXPECT_EQ(公共.错误数, 1) << e.x;
-        EXPECT_EQ(S(公共.首个错误), e.消息);
+        EXPECT_EQ(计算状态.错误数, 1) << e.x;
+        EXPECT_EQ(S(计算状态.首个错误), e.消息);
     }
     // Close to the pole, but not on it, a large quotient stands.
     清除计算状态();
@@ -231,13 +231,13 @@ TEST_F(函数, 正弦余弦正切余切到二十六位以上) {
         // Tangent and cotangent divide two 27-digit values: relative error.
         const double 容 = (e.f == 't' || e.f == 'k') ? 4E-27 * std::max(1.0, 值 * 值) : 3E-27 + 量 * 3E-29;
         EXPECT_TRUE(接近(调用(e.f, T(e.x)), e.真值, 容)) << e.f << "(" << e.x << ")";
-        EXPECT_EQ(公共.可达有效位数, 27) << e.f << "(" << e.x << ")";
+        EXPECT_EQ(计算状态.可达有效位数, 27) << e.f << "(" << e.x << ")";
     }
-    公共.高精度开关 = false;
+    计算状态.高精度开关 = false;
     const 数值 r = HvtSin(T("0.5"));
     ASSERT_TRUE(r.是双精度()) << 述(r);
     EXPECT_DOUBLE_EQ(r.双精度值(), std::sin(0.5));
-    EXPECT_EQ(公共.可达有效位数, 15);
+    EXPECT_EQ(计算状态.可达有效位数, 15);
 }
 
 // An argument beyond the decimal has lost its digits in the remainder; the
@@ -246,18 +246,18 @@ TEST_F(函数, 巨大自变量仍在一圈之内) {
     for (const char* x : {"1E+30", "79228162514264337593543950335", "-1234567890123456789012345678"}) {
         清除计算状态();
         const 数值 r = HvtSin(T(x));
-        ASSERT_TRUE(r.是十进制()) << x << " " << 述(r) << S(公共.错误记录);
+        ASSERT_TRUE(r.是十进制()) << x << " " << 述(r) << S(计算状态.错误记录);
         EXPECT_FALSE(Decimal96::fromInt64(1) < r.十进制值().abs()) << x;
-        EXPECT_EQ(公共.错误数, 0) << x;
+        EXPECT_EQ(计算状态.错误数, 0) << x;
     }
-    EXPECT_EQ(公共.可达有效位数, 27);
+    EXPECT_EQ(计算状态.可达有效位数, 27);
     清除计算状态();
     HvtSin(T("1E+30"));
-    EXPECT_EQ(公共.可达有效位数, 15);
+    EXPECT_EQ(计算状态.可达有效位数, 15);
     // So far out that not even the double remainder is one turn the decimal
     // can hold: the sine reports instead of guessing.
     EXPECT_EQ(述(HvtSin(T("1E+300"))), "E:");
-    EXPECT_EQ(S(公共.错误提示), "  进行[HvtSin]正弦运算时， 1E+300 数值超出计算范围，我无法计算！返回数值用 [空值] 表示。");
+    EXPECT_EQ(S(计算状态.错误提示), "  进行[HvtSin]正弦运算时， 1E+300 数值超出计算范围，我无法计算！返回数值用 [空值] 表示。");
 }
 
 TEST_F(函数, 度转弧度按角度单位) {
@@ -272,18 +272,18 @@ TEST_F(函数, 度转弧度按角度单位) {
         {60, "1E+30", "D:0"},                                   // beyond the plain form
     };
     for (const auto& e : 例) {
-        公共.角度单位 = e.单位;
+        计算状态.角度单位 = e.单位;
         EXPECT_EQ(述(度转弧度(T(e.x))), e.结果) << e.单位 << " " << e.x;
     }
-    公共.角度单位 = 60;
+    计算状态.角度单位 = 60;
     EXPECT_EQ(述(度分秒转弧度(T("45.3"))), "D:0.7941248096574199575002793004");
     EXPECT_EQ(述(度分秒转弧度(T("1E+30"))), "D:0");
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.错误数, 0);
     for (int 单位 : {60, 100}) {   // sin 30° is one half as far as the constants allow
-        公共.角度单位 = 单位;
+        计算状态.角度单位 = 单位;
         EXPECT_TRUE(接近(HvtSin(度转弧度(T("30"))), "0.5", 1E-27)) << 单位;
     }
-    公共.角度单位 = 400;
+    计算状态.角度单位 = 400;
     EXPECT_TRUE(接近(HvtSin(度转弧度(T("100"))), "1", 1E-27));   // a right angle in grads
 }
 
@@ -313,7 +313,7 @@ TEST_F(函数, 度分秒转十进制度与提示框) {
             EXPECT_EQ(S(项.文本), e.x + e.框[i]);
         }
     }
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.错误数, 0);
 }
 
 TEST_F(函数, 十进制度转度分秒与往返) {
@@ -326,7 +326,7 @@ TEST_F(函数, 十进制度转度分秒与往返) {
         {"0.9999999999999999999999999999", "D:1"}, {"-0.9999999999999999999999999999", "D:-1"},
     };
     for (const auto& e : 例) EXPECT_EQ(述(度转度分秒(T(e.x))), e.结果) << e.x;
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.错误数, 0);
     for (const char* p : {"45.3030", "0.5959", "-33.1545", "179.5959999"}) {
         const 数值 回 = 度转度分秒(度转梯度(T(p)));
         EXPECT_TRUE(接近(回, p, 1E-22)) << p << " → " << 述(回);
@@ -339,7 +339,7 @@ TEST_F(函数, 角度文本两个方向) {
         {45.7, "45°60′00″"},   // minutes digits above 60 show as 60
         {1E+20, "0°"}, {kNaN, "0°"},
     };
-    for (const auto& e : 出) EXPECT_EQ(S(角度转文本(e.x)), e.文) << e.x;
+    for (const auto& e : 出) EXPECT_EQ(S(角度转文本(e.x, QStringLiteral("00.00000000"))), e.文) << e.x;
     const struct { const char* 文; double x; } 入[] = {
         {"45°59′59.9999″", 45.59599999}, {"45°", 45.0}, {"-0°30′", -0.3},   // the sign of zero degrees survives
         {"12°75′", 12.60},                // minutes above 60 are 60
@@ -434,8 +434,8 @@ TEST_F(函数, 统计的精确值) {
     for (const auto& e : 例) {
         清除计算状态();
         EXPECT_EQ(述(按名(e.函数)(static_cast<int>(e.值.size()), 列(e.值))), e.结果) << e.函数 << " over " << e.值.size();
-        EXPECT_EQ(公共.可达有效位数, e.位数) << e.函数;
-        EXPECT_EQ(公共.错误数, 0) << e.函数 << S(公共.错误记录);
+        EXPECT_EQ(计算状态.可达有效位数, e.位数) << e.函数;
+        EXPECT_EQ(计算状态.错误数, 0) << e.函数 << S(计算状态.错误记录);
     }
     清除计算状态();
     EXPECT_TRUE(接近(求均方差(2, 列({"1", "3"})), "1.414213562373095048801688724209698078570", 2E-27));   // √2
@@ -450,21 +450,21 @@ TEST_F(函数, 统计的故障) {
     for (const char* 名 : {"求合计值", "求最大值", "求最小值", "求平均值", "求均方差", "求均方差n"}) {
         清除计算状态();
         EXPECT_EQ(述(按名(名)(3, 列({"1", "2"}))), "D:0") << 名;
-        EXPECT_EQ(S(公共.错误提示), std::string("对数组[") + 名 + "]时超出本程序计算范围！返回 [0] 。");
+        EXPECT_EQ(S(计算状态.错误提示), std::string("对数组[") + 名 + "]时超出本程序计算范围！返回 [0] 。");
     }
     // The squares are plain decimal products: (1E+20)² overflows and reports.
     清除计算状态();
     EXPECT_EQ(述(求均方差(2, 列({"1E+20", "-1E+20"}))), "D:0");
-    EXPECT_EQ(公共.错误数, 1);
+    EXPECT_EQ(计算状态.错误数, 1);
     // The coefficient over a faulted deviation adds nothing of its own.
     清除计算状态();
     EXPECT_EQ(述(求变异系数n(2, 列({"1E+20", "3E+20"}))), "D:0");
-    EXPECT_EQ(公共.错误数, 1);
-    EXPECT_EQ(S(公共.首个错误), "对数组[求均方差n]时超出本程序计算范围！返回 [0] 。");
+    EXPECT_EQ(计算状态.错误数, 1);
+    EXPECT_EQ(S(计算状态.首个错误), "对数组[求均方差n]时超出本程序计算范围！返回 [0] 。");
     // A non-number entry reports through the guard and the rest still counts.
     清除计算状态();
     EXPECT_EQ(述(求最大值(3, 列({"2", "abc", "5"}))), "D:5");
-    EXPECT_EQ(公共.错误数, 1);
+    EXPECT_EQ(计算状态.错误数, 1);
 }
 
 }  // namespace

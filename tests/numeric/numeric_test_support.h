@@ -2,7 +2,7 @@
 #pragma once
 
 #include "numeric/value.h"
-#include "shell/state.h"
+#include "numeric/state.h"
 
 #include <gtest/gtest.h>
 
@@ -32,11 +32,11 @@ class 状态复位 : public ::testing::Test {
 protected:
     void SetUp() override {
         清除计算状态();
-        公共.高精度开关 = true;
+        计算状态.高精度开关 = true;
     }
     void TearDown() override {
         清除计算状态();
-        公共.高精度开关 = true;
+        计算状态.高精度开关 = true;
     }
 };
 

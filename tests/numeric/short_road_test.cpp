@@ -113,13 +113,13 @@ TEST_F(e幂, 倒数与单独计算一致) {
         乘方(e, T("1.1"));  // something else last
         清除计算状态();
         const std::string 单独 = 述(乘方(e, T(负.c_str())));
-        const int 单独位数 = 公共.可达有效位数;
+        const int 单独位数 = 计算状态.可达有效位数;
         清除计算状态();
         const std::string 正 = 述(乘方(e, T(y)));
         清除计算状态();
         const 数值 后算 = 乘方(e, T(负.c_str()));
         EXPECT_EQ(述(后算), 单独) << y;
-        EXPECT_EQ(公共.可达有效位数, 单独位数) << y;
+        EXPECT_EQ(计算状态.可达有效位数, 单独位数) << y;
         // And each is the power it names: e^y · e^-y = 1.
         double 正值 = 0, 负值 = 0;
         ASSERT_TRUE(转双精度(乘方(e, T(y)), 正值) && 转双精度(后算, 负值));

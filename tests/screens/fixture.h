@@ -4,9 +4,9 @@
 #pragma once
 
 #include "library/access.h"
-#include "shell/interaction.h"
+#include "tests/support/recording.h"
 #include "shell/startup.h"
-#include "shell/state.h"
+#include "tests/support/whole_state.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -26,14 +26,13 @@ inline const QString 种子目录 = QStringLiteral(ORVANE_SOURCE_DIR "/data/");
 class 程序夹具 : public ::testing::Test {
 protected:
     QTemporaryDir 根;
-    公共状态 旧;
+    全部状态守卫 守;
     std::unique_ptr<交互记录作用域> 消息;
     QStringList 已打开;
     打开器 旧打开器;
 
     void SetUp() override {
         ASSERT_TRUE(根.isValid());
-        旧 = 公共;
         消息 = std::make_unique<交互记录作用域>();
         旧打开器 = 安装打开器([this](const QString& t) {
             已打开 << t;
@@ -46,7 +45,6 @@ protected:
         释放单实例锁();
         安装打开器(旧打开器);
         消息.reset();
-        公共 = 旧;
     }
 
     QString 程序夹() const { return 根.filePath(QStringLiteral("bin")); }
@@ -67,7 +65,7 @@ protected:
         ASSERT_EQ(启动程序(环境()), 启动结果::已启动);
     }
     bool 执行SQL(const QString& sql, const QVariantList& 值 = {}) {
-        return 执行库操作(公共.菜单库连接串, [&](QSqlDatabase& db) {
+        return 执行库操作(数据状态.菜单库连接串, [&](QSqlDatabase& db) {
             QSqlQuery q(db);
             if (!q.prepare(sql)) return false;
             for (const auto& v : 值) q.addBindValue(v);
@@ -76,7 +74,7 @@ protected:
     }
     int 使用数(const QString& id) {
         int r = -1;
-        执行库操作(公共.菜单库连接串, [&](QSqlDatabase& db) {
+        执行库操作(数据状态.菜单库连接串, [&](QSqlDatabase& db) {
             QSqlQuery q(db);
             q.prepare(QStringLiteral("Select 使用数 From 常规表 Where 类别ID = ?"));
             q.addBindValue(id);

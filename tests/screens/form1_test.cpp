@@ -54,8 +54,8 @@ protected:
         return r.simplified();
     }
     void 角度单位到(int 单位) {
-        for (int i = 0; i < 3 && 公共.角度单位 != 单位; ++i) 点击(*屏, QStringLiteral("Command5"));
-        ASSERT_EQ(公共.角度单位, 单位);
+        for (int i = 0; i < 3 && 计算状态.角度单位 != 单位; ++i) 点击(*屏, QStringLiteral("Command5"));
+        ASSERT_EQ(计算状态.角度单位, 单位);
     }
 };
 
@@ -81,7 +81,7 @@ TEST_F(计算器夹具, SamplesComputeAndColumnsLineUp) {
     EXPECT_EQ(m.horizontalAdvance(QStringLiteral("约数")), 4 * m.horizontalAdvance(u' '))
         << "font " << text2->font().family().toStdString();
     小数位(28);
-    EXPECT_EQ(公共.输出小数位数, 28);
+    EXPECT_EQ(计算状态.输出小数位数, 28);
     QList<int> 点位;
     for (const auto& [式, 单位] : {std::pair{示例算式(1), 60}, std::pair{示例算式(17), 3},
                                    std::pair{QStringLiteral("-123456.5"), 60}}) {
@@ -149,7 +149,7 @@ TEST_F(计算器夹具, AngleUnitCycles) {
     const Step steps[] = {{100, "百分度.9999"}, {3, "弧度角"}, {60, "度分秒.5959"}};
     for (const auto& s : steps) {
         b->click();
-        EXPECT_EQ(公共.角度单位, s.单位);
+        EXPECT_EQ(计算状态.角度单位, s.单位);
         EXPECT_EQ(b->text(), QString::fromUtf8(s.标题));
         EXPECT_EQ(text3->toPlainText(), 计算器文本::角度混合提示);
     }

@@ -23,14 +23,14 @@ TEST_F(程序夹具, MenuTakesCaptionsRectanglesAndCountsFromTheDatabase) {
     EXPECT_EQ(计算->toolTip(), 行[1].软件显示 + QStringLiteral(" -- 0"));
     EXPECT_EQ(坐标->geometry(), QRect(行[2].按钮左, 行[2].按钮顶, 行[2].按钮长, 行[2].按钮高));
     EXPECT_FALSE(坐标->isEnabled()) << "its screen is not in this build";
-    EXPECT_EQ(控件<QLabel>(菜单, QStringLiteral("LabelShuoMing"))->text(), 公共.说明文字);
+    EXPECT_EQ(控件<QLabel>(菜单, QStringLiteral("LabelShuoMing"))->text(), 公共.程序.说明文字);
 
     // Opening the calculator counts; the menu shows it after a reload.
     计算->click();
     ASSERT_NE(菜单.计算器(), nullptr);
     EXPECT_TRUE(菜单.计算器()->isVisible());
     EXPECT_EQ(使用数(QStringLiteral("dcButJiSuan")), 1);
-    EXPECT_EQ(公共.计算次数, 1);
+    EXPECT_EQ(公共.程序.计算次数, 1);
     菜单.计算器()->hide();
     计算->click();  // the same screen again: created once, counted once
     EXPECT_EQ(使用数(QStringLiteral("dcButJiSuan")), 1);
@@ -45,10 +45,10 @@ TEST_F(程序夹具, MenuWithoutDatabaseKeepsItsDesignAndWorks) {
     Form2 菜单;
     EXPECT_EQ(控件<QLabel>(菜单, QStringLiteral("LabelTop"))->text(), QStringLiteral("Orvane"));
     EXPECT_EQ(控件<QPushButton>(菜单, QStringLiteral("dcButJiSuan"))->text(), QStringLiteral("科学计算器"));
-    EXPECT_TRUE(公共.图册按钮表.size() <= 1);
+    EXPECT_TRUE(数据状态.图册按钮表.size() <= 1);
     点击(菜单, QStringLiteral("dcButJiSuan"));
     ASSERT_NE(菜单.计算器(), nullptr) << "the calculator needs no database";
-    EXPECT_EQ(公共.计算次数, 0);
+    EXPECT_EQ(公共.程序.计算次数, 0);
 }
 
 TEST_F(程序夹具, FixedButtonsWithoutTheirScreenAreDisabled) {
@@ -67,7 +67,7 @@ TEST_F(程序夹具, FixedButtonsWithoutTheirScreenAreDisabled) {
     }
     点击(菜单, QStringLiteral("dcButton013"));
     点击(菜单, QStringLiteral("dcButton012"));
-    EXPECT_EQ(已打开, (QStringList{公共.帮助文件路径, 公共.主页地址}));
+    EXPECT_EQ(已打开, (QStringList{数据状态.帮助文件路径, 公共.程序.主页地址}));
     菜单.show();
     点击(菜单, QStringLiteral("dcButton015"));
     EXPECT_FALSE(菜单.isVisible());
@@ -85,7 +85,7 @@ TEST_F(程序夹具, AtlasButtonsFollowTable) {
     ASSERT_TRUE(执行SQL(QStringLiteral("Insert Into 表总表 (排序, 类别ID, 按钮名) Values (0, 'T0', '隐')")));
     Form2 菜单;
     EXPECT_EQ(菜单.读图册按钮(), 12);
-    EXPECT_EQ(公共.图册按钮表.size(), 13);  // entries 1..12
+    EXPECT_EQ(数据状态.图册按钮表.size(), 13);  // entries 1..12
     for (int i = 1; i <= 12; ++i) {
         auto* b = 控件<QPushButton>(菜单, QStringLiteral("dcButMod%1").arg(i));
         ASSERT_NE(b, nullptr);
@@ -98,10 +98,10 @@ TEST_F(程序夹具, AtlasButtonsFollowTable) {
     点击(菜单, QStringLiteral("dcButMod2"));
     点击(菜单, QStringLiteral("dcButMod1"));
     ASSERT_EQ(消息文本().size(), 2);
-    EXPECT_EQ(消息文本()[0], QStringLiteral("该模块对应的数据文件 [ ") + 公共.程序目录 +
+    EXPECT_EQ(消息文本()[0], QStringLiteral("该模块对应的数据文件 [ ") + 数据状态.程序目录 +
                                  QStringLiteral("nowhere.db ] 异常。"));
     EXPECT_TRUE(消息文本()[1].startsWith(QStringLiteral("该模块对应的数据文件 [ ")));
-    EXPECT_EQ(公共.图册类别ID, QStringLiteral("T1"));
+    EXPECT_EQ(数据状态.图册类别ID, QStringLiteral("T1"));
     菜单.载入();
     EXPECT_EQ(控件<QPushButton>(菜单, QStringLiteral("dcButMod2"))->toolTip(), QStringLiteral("显示2 -- 1"));
 }
@@ -117,7 +117,7 @@ TEST_F(程序夹具, LogoShownOnlyWhenItsFileIsThere) {
                                  0xff, 0xff, 0xff, 0x00, 0x00, 0x00, 0x21, 0xf9, 0x04, 0x01, 0x00, 0x00, 0x00,
                                  0x00, 0x2c, 0x00, 0x00, 0x00, 0x00, 0x01, 0x00, 0x01, 0x00, 0x00, 0x02, 0x02,
                                  0x44, 0x01, 0x00, 0x3b};
-    QFile f(公共.程序目录 + QStringLiteral("ReadLogo.gif"));
+    QFile f(数据状态.程序目录 + QStringLiteral("ReadLogo.gif"));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write(reinterpret_cast<const char*>(gif), sizeof gif);
     f.close();

@@ -7,39 +7,39 @@
 #include <QLockFile>
 
 TEST_F(程序夹具, StartWithTheMenuDatabaseReadsIdentityAndCountsTheStart) {
-    公共.字母变量[3] = 数值(QStringLiteral("7"));
-    公共.数组V.个数 = 9;
+    变量状态.字母变量[3] = 数值(QStringLiteral("7"));
+    脚本状态.数组V.个数 = 9;
     建菜单库(程序夹());
     ASSERT_EQ(启动程序(环境()), 启动结果::已启动);
     EXPECT_TRUE(消息文本().isEmpty()) << 消息文本().join(u'|').toStdString();
-    EXPECT_EQ(公共.程序目录, 程序夹() + u'/');
-    EXPECT_EQ(取库文件名(公共.坐标库连接串), 程序夹() + QStringLiteral("/QdpxDate.db"));
-    EXPECT_EQ(公共.启动次数, 1);
+    EXPECT_EQ(数据状态.程序目录, 程序夹() + u'/');
+    EXPECT_EQ(取库文件名(数据状态.坐标库连接串), 程序夹() + QStringLiteral("/QdpxDate.db"));
+    EXPECT_EQ(公共.程序.启动次数, 1);
     EXPECT_EQ(使用数(QStringLiteral("SoftName")), 1);
-    EXPECT_NE(公共.软件标题, QStringLiteral("Orvane"));  // the row's 软件显示
-    EXPECT_EQ(公共.字母变量[3].文本(), QStringLiteral("0"));
-    EXPECT_EQ(公共.数组V.列表文本, QStringLiteral("0,0"));
-    EXPECT_EQ(公共.输出小数位数, 8);
+    EXPECT_NE(公共.程序.软件标题, QStringLiteral("Orvane"));  // the row's 软件显示
+    EXPECT_EQ(变量状态.字母变量[3].文本(), QStringLiteral("0"));
+    EXPECT_EQ(脚本状态.数组V.列表文本, QStringLiteral("0,0"));
+    EXPECT_EQ(计算状态.输出小数位数, 8);
 
     // A later start of the same folder counts on.
     释放单实例锁();
     ASSERT_EQ(启动程序(环境()), 启动结果::已启动);
-    EXPECT_EQ(公共.启动次数, 2);
+    EXPECT_EQ(公共.程序.启动次数, 2);
     EXPECT_EQ(使用数(QStringLiteral("SoftName")), 2);
 }
 
 TEST_F(程序夹具, StartWithoutTheMenuDatabaseSaysSoAndGoesOn) {
     // No database anywhere: not beside the program, not installed.
-    公共.输出小数位数 = 3;
+    计算状态.输出小数位数 = 3;
     ASSERT_EQ(启动程序(环境()), 启动结果::已启动);
     const QString 期望路径 = (用户夹() + QStringLiteral("/QdpxMenu.db")).toLower();
     ASSERT_EQ(消息文本().size(), 1);
     EXPECT_EQ(消息文本()[0], QStringLiteral("菜单按钮数据文件--") + 期望路径 + QStringLiteral("--已经丢失？ 建议重装本软件！"));
-    EXPECT_EQ(公共.软件标题, QStringLiteral("Orvane"));
-    EXPECT_EQ(公共.启动次数, 1);
-    EXPECT_FALSE(公共.说明文字.isEmpty());
-    EXPECT_FALSE(公共.主页地址.isEmpty());
-    EXPECT_EQ(公共.输出小数位数, 8) << "the start goes on to the output defaults";
+    EXPECT_EQ(公共.程序.软件标题, QStringLiteral("Orvane"));
+    EXPECT_EQ(公共.程序.启动次数, 1);
+    EXPECT_FALSE(公共.程序.说明文字.isEmpty());
+    EXPECT_FALSE(公共.程序.主页地址.isEmpty());
+    EXPECT_EQ(计算状态.输出小数位数, 8) << "the start goes on to the output defaults";
     EXPECT_FALSE(QFileInfo::exists(用户夹() + QStringLiteral("/QdpxMenu.db"))) << "no empty database is made";
 }
 
@@ -47,12 +47,12 @@ TEST_F(程序夹具, ASecondInstanceIsRefusedAndTouchesNothing) {
     建菜单库(程序夹());
     QLockFile 别的副本(环境().锁文件路径);  // stands for the copy already running
     ASSERT_TRUE(别的副本.tryLock(0));
-    公共.字母变量[0] = 数值(QStringLiteral("5"));
-    公共.程序目录 = QStringLiteral("/unchanged/");
+    变量状态.字母变量[0] = 数值(QStringLiteral("5"));
+    数据状态.程序目录 = QStringLiteral("/unchanged/");
     EXPECT_EQ(启动程序(环境()), 启动结果::已有实例);
     EXPECT_EQ(消息文本(), QStringList{QStringLiteral("该软件已经运行：不要同时运行多个副本！")});
-    EXPECT_EQ(公共.字母变量[0].文本(), QStringLiteral("5"));
-    EXPECT_EQ(公共.程序目录, QStringLiteral("/unchanged/"));
+    EXPECT_EQ(变量状态.字母变量[0].文本(), QStringLiteral("5"));
+    EXPECT_EQ(数据状态.程序目录, QStringLiteral("/unchanged/"));
     EXPECT_EQ(使用数(QStringLiteral("SoftName")), -1) << "connection text untouched, so nothing could be read";
 
     // Once the other copy ends, the lock is free.
@@ -89,7 +89,7 @@ TEST_F(程序夹具, TheDataFolderIsTheProgramFolderOrTheUsersCopy) {
         // The user's own copy has been used: its count must survive.
         if (c.用户夹有库) {
             建菜单库(用户夹());
-            公共.菜单库连接串 = QStringLiteral("Dbq=") + 用户夹() + QStringLiteral("/QdpxMenu.db;");
+            数据状态.菜单库连接串 = QStringLiteral("Dbq=") + 用户夹() + QStringLiteral("/QdpxMenu.db;");
             执行SQL(QStringLiteral("Update 常规表 Set 使用数 = 41 Where 类别ID = 'SoftName'"));
         }
         const QString 目录 = 求程序目录(环境());
@@ -97,25 +97,24 @@ TEST_F(程序夹具, TheDataFolderIsTheProgramFolderOrTheUsersCopy) {
         if (!c.期望程序夹 && c.安装夹有库) {
             EXPECT_TRUE(QFileInfo::exists(目录 + 菜单库文件名)) << c.名;
             EXPECT_TRUE(QFileInfo::exists(目录 + 帮助文件名)) << c.名;
-            公共.菜单库连接串 = QStringLiteral("Dbq=") + 目录 + QStringLiteral("QdpxMenu.db;");
+            数据状态.菜单库连接串 = QStringLiteral("Dbq=") + 目录 + QStringLiteral("QdpxMenu.db;");
             EXPECT_EQ(使用数(QStringLiteral("SoftName")), c.用户夹有库 ? 41 : 0) << c.名 << ": never overwritten";
         }
     }
 }
 
 TEST(设置路径Test, OneClosingSlashAndTheConnectionShape) {
-    const 公共状态 旧 = 公共;
+    全部状态守卫 守;
     struct Case { const char* 目录; const char* 程序目录; };
     const Case cases[] = {{"/opt/orvane", "/opt/orvane/"}, {"/数据 夹/Orvane/", "/数据 夹/Orvane/"}};
     for (const auto& c : cases) {
         设置路径(QString::fromUtf8(c.目录));
         const QString d = QString::fromUtf8(c.程序目录);
-        EXPECT_EQ(公共.程序目录, d) << c.目录;
-        EXPECT_TRUE(公共.驱动串.endsWith(QStringLiteral("Dbq=") + d)) << c.目录;
-        EXPECT_EQ(公共.菜单库连接串, 公共.驱动串 + QStringLiteral("QdpxMenu.db;Uid=admin;Pwd=QrtPlvKest481926;"));
-        EXPECT_EQ(公共.坐标库连接串, 公共.驱动串 + QStringLiteral("QdpxDate.db;Uid=admin;Pwd=QrtHnoWasp481927;"));
+        EXPECT_EQ(数据状态.程序目录, d) << c.目录;
+        EXPECT_TRUE(数据状态.驱动串.endsWith(QStringLiteral("Dbq=") + d)) << c.目录;
+        EXPECT_EQ(数据状态.菜单库连接串, 数据状态.驱动串 + QStringLiteral("QdpxMenu.db;Uid=admin;Pwd=QrtPlvKest481926;"));
+        EXPECT_EQ(数据状态.坐标库连接串, 数据状态.驱动串 + QStringLiteral("QdpxDate.db;Uid=admin;Pwd=QrtHnoWasp481927;"));
     }
-    公共 = 旧;
 }
 
 TEST_F(程序夹具, OpenVerbGetsTheTargetAndItsFailuresStayInside) {
@@ -132,15 +131,14 @@ TEST_F(程序夹具, OpenVerbGetsTheTargetAndItsFailuresStayInside) {
 }
 
 TEST(设置输出格式Test, RestoresEveryDefault) {
-    const 公共状态 旧 = 公共;
-    公共.输出小数位数 = 27;
-    公共.高精度开关 = false;
-    公共.可达有效位数 = 15;
-    公共.格式高程 = QStringLiteral("x");
+    全部状态守卫 守;
+    计算状态.输出小数位数 = 27;
+    计算状态.高精度开关 = false;
+    计算状态.可达有效位数 = 15;
+    坐标状态.格式高程 = QStringLiteral("x");
     设置输出格式();
-    EXPECT_EQ(公共.输出小数位数, 8);
-    EXPECT_TRUE(公共.高精度开关);
-    EXPECT_EQ(公共.可达有效位数, 29);
-    EXPECT_EQ(公共.格式高程, QStringLiteral("###0.000"));
-    公共 = 旧;
+    EXPECT_EQ(计算状态.输出小数位数, 8);
+    EXPECT_TRUE(计算状态.高精度开关);
+    EXPECT_EQ(计算状态.可达有效位数, 29);
+    EXPECT_EQ(坐标状态.格式高程, QStringLiteral("###0.000"));
 }

@@ -55,10 +55,10 @@ TEST_F(积分, ValuesAgainstIndependentMidpointSums) {
     };
     for (const auto& e : 表) {
         重置脚本状态();
-        ASSERT_TRUE(积分赋值算式(Q(e.句))) << 文(Q(e.句)) << 文(公共.错误记录);
+        ASSERT_TRUE(积分赋值算式(Q(e.句))) << 文(Q(e.句)) << 文(计算状态.错误记录);
         EXPECT_TRUE(变量(u'F').是双精度()) << 文(Q(e.句));
         EXPECT_NEAR(读双(变量(u'F')), e.期望, 1e-12) << 文(Q(e.句));
-        EXPECT_EQ(公共.错误数, 0);
+        EXPECT_EQ(计算状态.错误数, 0);
     }
 }
 
@@ -69,10 +69,10 @@ TEST_F(积分, SuccessRestoresXKeepsOtherLettersAndLowersThePrecision) {
     EXPECT_NEAR(读双(变量(u'H')), 1.5, 1e-13);
     EXPECT_EQ(变量文本(u'K'), u"3"_qs);
     EXPECT_EQ(变量文本(u'X'), u"7"_qs);
-    EXPECT_EQ(公共.积分提示, Q(u"已经成功处理完积分表达式。"));
-    EXPECT_TRUE(公共.积分错误.isEmpty());
-    EXPECT_EQ(公共.可达有效位数, 15);
-    EXPECT_GE(公共.精度损失数, 1);
+    EXPECT_EQ(脚本状态.积分提示, Q(u"已经成功处理完积分表达式。"));
+    EXPECT_TRUE(脚本状态.积分错误.isEmpty());
+    EXPECT_EQ(计算状态.可达有效位数, 15);
+    EXPECT_GE(计算状态.精度损失数, 1);
 }
 
 TEST_F(积分, TermFailuresSetTheIntegralError) {
@@ -90,10 +90,10 @@ TEST_F(积分, TermFailuresSetTheIntegralError) {
     for (const auto& e : 表) {
         重置脚本状态();
         变量(u'X') = 数值(u"7");
-        公共.积分提示 = u"stale"_qs;
+        脚本状态.积分提示 = u"stale"_qs;
         EXPECT_EQ(定积分计算(Q(e.项)), 0.0) << 文(Q(e.项));
-        EXPECT_EQ(公共.积分错误, Q(e.错)) << 文(Q(e.项));
-        EXPECT_TRUE(公共.积分提示.isEmpty());
+        EXPECT_EQ(脚本状态.积分错误, Q(e.错)) << 文(Q(e.项));
+        EXPECT_TRUE(脚本状态.积分提示.isEmpty());
         EXPECT_EQ(变量文本(u'X'), u"7"_qs) << 文(Q(e.项));   // untouched or put back
     }
 }
@@ -101,24 +101,24 @@ TEST_F(积分, TermFailuresSetTheIntegralError) {
 TEST_F(积分, StatementReportsTheIntegralErrorOrFailsSilently) {
     变量(u'F') = 数值(u"5");
     EXPECT_FALSE(积分赋值算式(Q(u"F=\u222B(0)(1E-13)(X)(1000)")));
-    EXPECT_EQ(公共.错误数, 1);
-    EXPECT_EQ(公共.首个错误, Q(u"定积分表达式---dx间隔太小错误！"));
+    EXPECT_EQ(计算状态.错误数, 1);
+    EXPECT_EQ(计算状态.首个错误, Q(u"定积分表达式---dx间隔太小错误！"));
     EXPECT_EQ(变量文本(u'F'), u"5"_qs);
     // An evaluation error: the evaluator's message first, then the integral's.
     重置脚本状态();
     变量(u'F') = 数值(u"5");
     EXPECT_FALSE(积分赋值算式(Q(u"F=\u222B(1/0)(1)(X)")));
-    EXPECT_GE(公共.错误数, 2);
-    EXPECT_EQ(公共.错误提示, Q(u"定积分表达式---参数A计算错误！"));
+    EXPECT_GE(计算状态.错误数, 2);
+    EXPECT_EQ(计算状态.错误提示, Q(u"定积分表达式---参数A计算错误！"));
     // "∫" at position 1: no target; groups missing: nothing found. Silent.
     重置脚本状态();
     变量(u'F') = 数值(u"5");
     EXPECT_EQ(运行算式(Q(u"\u222B(0)(2)(X);F=\u222B(0)(2);F")), u"5"_qs);
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.错误数, 0);
     // What the last integral left in 积分错误 is what such a statement reports.
     定积分计算(Q(u"\u222B(0)(1E-13)(X)(1000)"));
     EXPECT_FALSE(积分赋值算式(Q(u"\u222B(0)(2)(X)")));
-    EXPECT_EQ(公共.首个错误, Q(u"定积分表达式---dx间隔太小错误！"));
+    EXPECT_EQ(计算状态.首个错误, Q(u"定积分表达式---dx间隔太小错误！"));
 }
 
 TEST_F(积分, PromptShowsTheStripCountAndYesStops) {
@@ -141,7 +141,7 @@ TEST_F(积分, PromptShowsTheStripCountAndYesStops) {
         EXPECT_EQ(r.标题, Q(u"提醒：耗时太多！"));
         EXPECT_EQ(r.文本, Q(u"计算此定积分算式的总循环时间可能超过： ") + Q(e.分钟)
                               + Q(u" 分钟。\r\n\r\n是否终止当前循环，改小循环次数(会降低精度)后再进行计算？"));
-        EXPECT_EQ(公共.积分错误, Q(u"你手工终止了---积分算式的计算循环！"));
+        EXPECT_EQ(脚本状态.积分错误, Q(u"你手工终止了---积分算式的计算循环！"));
         // X is left where the loop stopped: 100 strips on from the first midpoint.
         EXPECT_NEAR(读双(变量(u'X')), 100.5 * e.dx, 1e-12) << 文(Q(e.项));
     }

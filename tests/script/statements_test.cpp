@@ -33,8 +33,8 @@ TEST_F(运行, OutputsJoinedAndVariablesCarried) {
         重置脚本状态();
         变量(u'X') = 数值(u"2");
         EXPECT_EQ(运行算式(Q(e.脚本)), Q(e.输出)) << 文(Q(e.脚本));
-        EXPECT_EQ(公共.错误数, 0) << 文(Q(e.脚本)) << " " << 文(公共.错误记录);
-        if (*e.脚本) { EXPECT_EQ(公共.脚本输出, Q(e.输出)); }   // the runner leaves its output in the state
+        EXPECT_EQ(计算状态.错误数, 0) << 文(Q(e.脚本)) << " " << 文(计算状态.错误记录);
+        if (*e.脚本) { EXPECT_EQ(脚本状态.脚本输出, Q(e.输出)); }   // the runner leaves its output in the state
     }
     运行算式(Q(u"K=41;\u2192F=12"));
     EXPECT_EQ(运行算式(u"K+1"_qs), u"42"_qs);   // variables persist across runs
@@ -44,7 +44,7 @@ TEST_F(运行, OutputsJoinedAndVariablesCarried) {
 TEST_F(运行, FailureInTheMiddleVoidsTheRest) {
     变量(u'G') = 数值(u"7");
     const QString 出 = 运行算式(Q(u"F=1;H=1/0;G=5;G;\u2192K=1;F"));
-    EXPECT_TRUE(公共.错误记录.startsWith(公共.首个错误));
+    EXPECT_TRUE(计算状态.错误记录.startsWith(计算状态.首个错误));
     EXPECT_EQ(变量文本(u'F'), u"1"_qs);   // before the failure: stored
     EXPECT_EQ(变量文本(u'G'), u"7"_qs);   // after it: nothing stored
     // Plain outputs add the marker "1", arrow outputs their failure literal.
@@ -53,7 +53,7 @@ TEST_F(运行, FailureInTheMiddleVoidsTheRest) {
     重置脚本状态();
     报告错误(u"earlier"_qs);
     EXPECT_EQ(运行算式(u"F=5;F"_qs), u"1"_qs);
-    EXPECT_EQ(公共.首个错误, u"earlier"_qs);
+    EXPECT_EQ(计算状态.首个错误, u"earlier"_qs);
     EXPECT_EQ(变量文本(u'F'), u"0"_qs);
 }
 
@@ -70,7 +70,7 @@ TEST_F(运行, AssignmentTargets) {
         EXPECT_EQ(变量文本(e.名), Q(e.值)) << 文(Q(e.句));
     }
     EXPECT_FALSE(赋值算式(u"F"_qs));   // no "=": false, no message
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.错误数, 0);
     报告错误(u"x"_qs);
     EXPECT_FALSE(赋值算式(u"F=9"_qs));
     EXPECT_EQ(变量文本(u'F'), u"0"_qs);
@@ -84,16 +84,16 @@ TEST_F(运行, ArrowRoundsToOutputDecimalsOrFails) {
         {3, u"\u2192 =7;", u"7"},              // blank label, closing ";"
     };
     for (const auto& e : 表) {
-        公共.输出小数位数 = e.位;
+        计算状态.输出小数位数 = e.位;
         EXPECT_EQ(常规输出算式(Q(e.句)), Q(e.出)) << 文(Q(e.句));
     }
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.错误数, 0);
     // Not an arrow: the literal, and no error of its own.
     EXPECT_EQ(常规输出算式(u"F=1"_qs), k输出失败);
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.错误数, 0);
     // No "=": the arrow itself goes to the evaluator, which refuses it.
     EXPECT_EQ(常规输出算式(Q(u"\u21925")), k输出失败);
-    EXPECT_GE(公共.错误数, 1);
+    EXPECT_GE(计算状态.错误数, 1);
 }
 
 // ------------------------------------------------------------- summation
@@ -114,25 +114,25 @@ TEST_F(累计, SumsOverTheArrays) {
     };
     for (const auto& e : 表) {
         重置脚本状态();
-        置数组(公共.数组U, {u"1"_qs, u"3"_qs, u"5"_qs});
-        置数组(公共.数组V, {u"2"_qs});
-        置数组(公共.数组W, {u"10"_qs, u"10"_qs, u"10"_qs});
+        置数组(脚本状态.数组U, {u"1"_qs, u"3"_qs, u"5"_qs});
+        置数组(脚本状态.数组V, {u"2"_qs});
+        置数组(脚本状态.数组W, {u"10"_qs, u"10"_qs, u"10"_qs});
         变量(u'U') = 数值(u"7");
-        EXPECT_TRUE(累计赋值算式(Q(e.句))) << 文(Q(e.句)) << " " << 文(公共.错误记录);
+        EXPECT_TRUE(累计赋值算式(Q(e.句))) << 文(Q(e.句)) << " " << 文(计算状态.错误记录);
         EXPECT_EQ(变量文本(e.名), Q(e.值)) << 文(Q(e.句));
         EXPECT_EQ(变量文本(u'U'), u"7"_qs);   // the loop letters are put back
     }
 }
 
 TEST_F(累计, FailureInTheLoopLeavesThatRoundsElements) {
-    置数组(公共.数组U, {u"1"_qs, u"3"_qs, u"5"_qs});
+    置数组(脚本状态.数组U, {u"1"_qs, u"3"_qs, u"5"_qs});
     变量(u'U') = 数值(u"7");
     变量(u'F') = 数值(u"42");
     EXPECT_FALSE(累计赋值算式(Q(u"F=\u03A3(1)(3)(1/(U-3))")));
     EXPECT_EQ(变量文本(u'U'), u"3"_qs);   // the round that failed
     EXPECT_EQ(变量文本(u'F'), u"42"_qs);  // nothing stored
-    EXPECT_GE(公共.错误数, 2);             // the evaluator's message, then the literal
-    EXPECT_TRUE(公共.错误记录.endsWith(Q(u"计算累计赋值算式时----出现错误了！\r\n")));
+    EXPECT_GE(计算状态.错误数, 2);             // the evaluator's message, then the literal
+    EXPECT_TRUE(计算状态.错误记录.endsWith(Q(u"计算累计赋值算式时----出现错误了！\r\n")));
 }
 
 TEST_F(累计, MalformedStatementsFailWithTheLiteral) {
@@ -148,10 +148,10 @@ TEST_F(累计, MalformedStatementsFailWithTheLiteral) {
     };
     for (const char16_t* s : 表) {
         重置脚本状态();
-        置数组(公共.数组U, {u"1"_qs, u"3"_qs, u"5"_qs});
+        置数组(脚本状态.数组U, {u"1"_qs, u"3"_qs, u"5"_qs});
         变量(u'F') = 数值(u"42");
         EXPECT_FALSE(累计赋值算式(Q(s))) << 文(Q(s));
-        EXPECT_EQ(公共.错误提示, Q(u"计算累计赋值算式时----出现错误了！")) << 文(Q(s));
+        EXPECT_EQ(计算状态.错误提示, Q(u"计算累计赋值算式时----出现错误了！")) << 文(Q(s));
         EXPECT_EQ(变量文本(u'F'), u"42"_qs);
     }
 }
@@ -170,32 +170,32 @@ TEST_F(数组, FillsTheNamedArray) {
     for (const auto& e : 表) {
         重置脚本状态();
         EXPECT_TRUE(数组赋值算式(Q(e.句))) << 文(Q(e.句));
-        const 数组变量& a = e.名 == u'U' ? 公共.数组U : e.名 == u'V' ? 公共.数组V : 公共.数组W;
+        const 数组变量& a = e.名 == u'U' ? 脚本状态.数组U : e.名 == u'V' ? 脚本状态.数组V : 脚本状态.数组W;
         EXPECT_EQ(a.个数, e.元素.size()) << 文(Q(e.句));
         EXPECT_EQ(a.列表文本, Q(e.列表)) << 文(Q(e.句));
         EXPECT_EQ(a.元素, QStringList{QString()} + e.元素) << 文(Q(e.句));
-        EXPECT_EQ(公共.错误数, 0);
+        EXPECT_EQ(计算状态.错误数, 0);
     }
     // Items are converted, not evaluated: X fails as a number.
     EXPECT_TRUE(数组赋值算式(u"U=(X,2)"_qs));
-    EXPECT_EQ(公共.数组U.元素.value(1), u"1"_qs);
-    EXPECT_EQ(公共.错误数, 1);
+    EXPECT_EQ(脚本状态.数组U.元素.value(1), u"1"_qs);
+    EXPECT_EQ(计算状态.错误数, 1);
 }
 
 TEST_F(数组, FailuresKeepTheFormerContent) {
     for (const char16_t* s : {u"U,=1", u"U=(),", u"=U(1,2)", u"U=,5", u"UV"}) {
         重置脚本状态();
-        置数组(公共.数组U, {u"8"_qs, u"9"_qs});
+        置数组(脚本状态.数组U, {u"8"_qs, u"9"_qs});
         EXPECT_FALSE(数组赋值算式(Q(s))) << 文(Q(s));
-        EXPECT_EQ(公共.错误提示, Q(u"计算数组赋值算式时----出现错误了！"));
-        EXPECT_EQ(公共.数组U.元素.value(2), u"9"_qs);
+        EXPECT_EQ(计算状态.错误提示, Q(u"计算数组赋值算式时----出现错误了！"));
+        EXPECT_EQ(脚本状态.数组U.元素.value(2), u"9"_qs);
     }
     // A comma inside a function call makes an array statement of the whole.
     重置脚本状态();
     变量(u'F') = 数值(u"3");
     运行算式(u"F=SIN(X),1"_qs);
     EXPECT_EQ(变量文本(u'F'), u"3"_qs);   // no assignment took place
-    EXPECT_EQ(公共.数组W.个数, 1);        // the list inside the first bracket: "X"
+    EXPECT_EQ(脚本状态.数组W.个数, 1);        // the list inside the first bracket: "X"
 }
 
 // ----------------------------------------------------------- conditional
@@ -218,8 +218,8 @@ TEST_F(条件, BranchesByTheSignOfTheCondition) {
         EXPECT_EQ(条件判断算式(Q(e.句)), e.成) << 文(Q(e.句));
         EXPECT_EQ(变量文本(u'F'), Q(e.F)) << 文(Q(e.句));
         EXPECT_EQ(变量文本(u'G'), u"0"_qs) << 文(Q(e.句));
-        if (e.成) { EXPECT_EQ(公共.错误数, 0) << 文(Q(e.句)); }
-        else { EXPECT_EQ(公共.错误提示, Q(u"计算条件判断算式时----出现错误了！")); }
+        if (e.成) { EXPECT_EQ(计算状态.错误数, 0) << 文(Q(e.句)); }
+        else { EXPECT_EQ(计算状态.错误提示, Q(u"计算条件判断算式时----出现错误了！")); }
     }
     重置脚本状态();   // the runner upper-cases "if" and finds it anywhere
     EXPECT_EQ(运行算式(u"x=3;if(x-2)(k=10)(k=20);k"_qs), u"10"_qs);
@@ -233,7 +233,7 @@ TEST_F(运行, FormulasOfTheAtlas) {
     EXPECT_EQ(运行算式(海伦), Q(u"面积 = ") + QString::number(std::sqrt(216.0), 'f', 8) + Q(u"; 周长 = 18"));
     // A list of measured lengths: the sum of decimals is exact.
     重置脚本状态();
-    置数组(公共.数组U, {u"12.345"_qs, u"23.456"_qs, u"34.567"_qs, u"45.678"_qs, u"19.07"_qs});
+    置数组(脚本状态.数组U, {u"12.345"_qs, u"23.456"_qs, u"34.567"_qs, u"45.678"_qs, u"19.07"_qs});
     变量(u'N') = 数值(u"5");
     const QString 出 = 运行算式(Q(u"L=\u03A3(1)(N)(U);M=L/N;Q=\u03A3(1)(N)((U-M)^2);"
                                     u"\u2192总长=L;\u2192平均=M;\u2192中误差=(Q/(N-1))^0.5"));
@@ -241,7 +241,7 @@ TEST_F(运行, FormulasOfTheAtlas) {
     double 方 = 0;
     for (double v : {12.345, 23.456, 34.567, 45.678, 19.07}) 方 += (v - 27.0232) * (v - 27.0232);
     EXPECT_NEAR(出.section(u" = "_qs, -1).toDouble(), std::sqrt(方 / 4), 6e-9);
-    EXPECT_EQ(公共.错误数, 0) << 文(公共.错误记录);
+    EXPECT_EQ(计算状态.错误数, 0) << 文(计算状态.错误记录);
 }
 
 // ===========================================================================
@@ -319,10 +319,10 @@ private:
 };
 
 void 检查收集器(const QString& 脚本) {
-    ASSERT_GE(公共.错误数, 0);
-    EXPECT_EQ(公共.错误数 == 0, 公共.首个错误.isEmpty()) << 文(脚本);
-    if (公共.错误数 > 0) {
-        EXPECT_TRUE(公共.错误记录.contains(公共.首个错误)) << 文(脚本);
+    ASSERT_GE(计算状态.错误数, 0);
+    EXPECT_EQ(计算状态.错误数 == 0, 计算状态.首个错误.isEmpty()) << 文(脚本);
+    if (计算状态.错误数 > 0) {
+        EXPECT_TRUE(计算状态.错误记录.contains(计算状态.首个错误)) << 文(脚本);
     }
 }
 
@@ -343,7 +343,7 @@ TEST_F(健壮, RandomScriptsWithGarbageAlwaysComeBack) {
         const QString 脚本 = 句.join(u';');
         const QString 出 = 运行算式(脚本);
         检查收集器(脚本);
-        if (公共.错误数 > 0) ++有错;
+        if (计算状态.错误数 > 0) ++有错;
         const QString 规 = 规整算式(脚本);
         EXPECT_FALSE(规.isEmpty());
         EXPECT_TRUE(规 == u"0"_qs || 规.endsWith(u";  "_qs)) << 文(规);
@@ -361,7 +361,7 @@ TEST_F(健壮, UnbalancedAndMissingGroupsAreCollected) {
                               u"\u222B(0)(1)(X)(1)(2);F=\u222B(1/0)(1)(X)"}) {
         重置脚本状态();
         运行算式(Q(s));
-        EXPECT_GT(公共.错误数, 0) << 文(Q(s));
+        EXPECT_GT(计算状态.错误数, 0) << 文(Q(s));
         检查收集器(Q(s));
     }
 }
@@ -373,7 +373,7 @@ TEST_F(健壮, ThousandStatements) {
     QElapsedTimer 钟;
     钟.start();
     EXPECT_EQ(运行算式(脚本), u"1000"_qs);
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.错误数, 0);
     EXPECT_LT(钟.elapsed(), 5000);
 
     // One bad statement in the middle: everything behind it is void.
@@ -384,7 +384,7 @@ TEST_F(健壮, ThousandStatements) {
     const QString 出 = 运行算式(坏);
     EXPECT_EQ(变量文本(u'A'), u"500"_qs);
     EXPECT_EQ(出, Q(u"计算常规输出算式时---出错了！; 1"));
-    EXPECT_GE(公共.错误数, 1);
+    EXPECT_GE(计算状态.错误数, 1);
     // Canonicalising a long script is linear too.
     EXPECT_TRUE(规整算式(脚本).startsWith(u"A = 0;  A = A + 1;  "_qs));
 }
@@ -396,14 +396,14 @@ TEST_F(健壮, HugeCountsAreClampedOrFailFast) {
     ASSERT_TRUE(积分赋值算式(Q(u"F=\u222B(0)(1)(1)(1E+9)")));
     EXPECT_NEAR(变量(u'F').双精度值(), 1.0, 1e-9);
     EXPECT_EQ(定积分计算(Q(u"\u222B(0)(1)(X)(1E+300)")), 0.0);
-    EXPECT_FALSE(公共.积分错误.isEmpty());
+    EXPECT_FALSE(脚本状态.积分错误.isEmpty());
     EXPECT_LT(钟.elapsed(), 20000);
 }
 
 TEST_F(健壮, LongAndOddTextsInThePureHelpers) {
     const QString 深 = QString(5000, u'(') + u'1' + QString(5000, u')');
     EXPECT_TRUE(分析括号组(深 + u"(2)(3)"_qs, 1));
-    EXPECT_EQ(公共.括号组位置[5], 深.size() + 6);
+    EXPECT_EQ(脚本状态.括号组位置[5], 深.size() + 6);
     // Surrogate pairs and NULs are just characters.
     const QString 怪 = u"F="_qs + Q(u"\U0001F600") + QChar(0) + u"(1)(2)(3)"_qs;
     分析括号组(怪, 1);

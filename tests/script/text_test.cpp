@@ -56,9 +56,9 @@ TEST(括号组, GroupsPositionsAndLastEnd) {
     };
     for (const auto& e : 表) {
         const QString s = Q(e.文);
-        公共.括号组位置.fill(-1);
+        脚本状态.括号组位置.fill(-1);
         EXPECT_EQ(分析括号组(s, e.起), e.成) << 文(s);
-        for (int k = 0; k < 8; ++k) EXPECT_EQ(公共.括号组位置[k], e.组[k]) << 文(s) << " slot " << k;
+        for (int k = 0; k < 8; ++k) EXPECT_EQ(脚本状态.括号组位置[k], e.组[k]) << 文(s) << " slot " << k;
         EXPECT_EQ(括号组末位(s, e.起), e.末) << 文(s);
     }
     const QString s = Q(u"\u222B(0)(2*(3))()(100)");
@@ -155,9 +155,9 @@ TEST_F(规整, CanonicalFormsAndRejections) {
 
 TEST_F(规整, UnreadableNamesAreMarkedAndLeaveTheLastStatementsErrors) {
     EXPECT_TRUE(规整算式(u"F=QQ+1;G=1"_qs).startsWith(Q(u"F = QQ + 1请修改;  ")));
-    EXPECT_EQ(公共.错误数, 0);   // the last statement's normalisation reset it
+    EXPECT_EQ(计算状态.错误数, 0);   // the last statement's normalisation reset it
     规整算式(u"G=1;F=QQ+1"_qs);
-    EXPECT_GE(公共.错误数, 1);
+    EXPECT_GE(计算状态.错误数, 1);
 }
 
 TEST_F(规整, CanonicalIsStableAndRunsLikeTheTypedScript) {
@@ -168,17 +168,17 @@ TEST_F(规整, CanonicalIsStableAndRunsLikeTheTypedScript) {
         EXPECT_EQ(规整算式(规), 规) << 文(Q(s));
         重置脚本状态();
         const QString 原出 = 运行算式(Q(s));
-        ASSERT_EQ(公共.错误数, 0) << 文(Q(s)) << 文(公共.错误记录);
+        ASSERT_EQ(计算状态.错误数, 0) << 文(Q(s)) << 文(计算状态.错误记录);
         重置脚本状态();
         EXPECT_EQ(运行算式(规), 原出) << 文(规);
-        EXPECT_EQ(公共.错误数, 0) << 文(规) << 文(公共.错误记录);
+        EXPECT_EQ(计算状态.错误数, 0) << 文(规) << 文(计算状态.错误记录);
     }
     // A rejected conditional fails the run; a rejected arrow shows the
     // arrow's failure literal in the output.
     const QString 规 = 规整算式(u"XXIF(1)(F=1)(F=0);1"_qs);
     重置脚本状态();
     运行算式(规);
-    EXPECT_EQ(公共.首个错误, Q(u"计算条件判断算式时----出现错误了！"));
+    EXPECT_EQ(计算状态.首个错误, Q(u"计算条件判断算式时----出现错误了！"));
     const QString 规2 = 规整算式(Q(u"\u2192=5;2"));
     重置脚本状态();
     EXPECT_EQ(运行算式(规2), Q(u"计算常规输出算式时---出错了！; 2"));

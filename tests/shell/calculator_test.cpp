@@ -5,7 +5,7 @@
 
 #include "numeric/decimal.h"
 #include "numeric/rounding.h"
-#include "shell/interaction.h"
+#include "tests/support/recording.h"
 #include "shell/state.h"
 
 #include <gtest/gtest.h>
@@ -16,13 +16,13 @@ class 计算器 : public ::testing::Test {
 protected:
     void SetUp() override {
         清除计算状态();
-        公共.高精度开关 = true;
+        计算状态.高精度开关 = true;
         计算器初始化();
     }
     void TearDown() override {
         清除计算状态();
-        公共.输出小数位数 = 8;
-        公共.角度单位 = 60;
+        计算状态.输出小数位数 = 8;
+        计算状态.角度单位 = 60;
     }
     交互记录作用域 盒;
 };
@@ -100,8 +100,8 @@ TEST_F(计算器, 示例十七的整行) {
                           QString(10, u' '));
     EXPECT_EQ(d.状态, QStringLiteral("在运算中，某函数运算结果的有效数字较少，经混合运算后，可能从第28位有效数字后不能"
                                      "满足精度要求，后部应于删除。"));
-    EXPECT_EQ(公共.可达有效位数, 29);  // reset after showing
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.可达有效位数, 29);  // reset after showing
+    EXPECT_EQ(计算状态.错误数, 0);
 }
 
 TEST_F(计算器, 结果行格式) {
@@ -110,8 +110,8 @@ TEST_F(计算器, 结果行格式) {
         {u"1234.56789", 2, 29, u"1234.57"}, {u"0.333333333333333333", 4, 15, u"0.3333"}, {u"1E+30", 8, 15, u"1E+30"},
     };
     for (const auto& c : 表) {
-        公共.输出小数位数 = c.小数;
-        公共.可达有效位数 = c.可达;
+        计算状态.输出小数位数 = c.小数;
+        计算状态.可达有效位数 = c.可达;
         bool 约数 = false;
         QString 状态;
         const QString 行 = 结果行(QString::fromUtf16(c.原始), &约数, &状态);
@@ -122,7 +122,7 @@ TEST_F(计算器, 结果行格式) {
         if (!期.contains(u'E')) { EXPECT_EQ(显示宽度(行.left(点)), 30) << 行.toStdString(); }
         EXPECT_EQ(约数, c.可达 < 29 && QString::fromUtf16(c.原始).size() > 16) << 行.toStdString();
     }
-    公共.可达有效位数 = 29;
+    计算状态.可达有效位数 = 29;
 }
 
 TEST_F(计算器, 失败显示) {
@@ -135,7 +135,7 @@ TEST_F(计算器, 失败显示) {
         EXPECT_FALSE(d.成功);
         EXPECT_EQ(d.结果, QString::fromUtf16(c.结果));
         EXPECT_TRUE(d.状态.startsWith(d.结果.trimmed())) << d.状态.toStdString();
-        EXPECT_EQ(公共.错误数, 0);  // reset after showing
+        EXPECT_EQ(计算状态.错误数, 0);  // reset after showing
     }
     const 计算显示 空 = 计算器计算(QString(), {8, 60});
     EXPECT_TRUE(空.成功);
@@ -206,10 +206,10 @@ TEST_F(计算器, 面板帮助与随机数) {
 }
 
 TEST_F(计算器, 科学计数按钮) {
-    公共.输出小数位数 = 8;
+    计算状态.输出小数位数 = 8;
     EXPECT_EQ(科学计数按钮(结果行(QStringLiteral("1234.5"))), QStringLiteral("1.2345E+3"));
     EXPECT_EQ(科学计数按钮(QStringLiteral("   0.00123____")), QStringLiteral("1.23E-3"));
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.错误数, 0);
 }
 
 TEST_F(计算器, 角度单位循环) {
@@ -232,14 +232,14 @@ TEST_F(计算器, 内存变量) {
                                            QStringLiteral("1.2345678901234567890123456789"),
                                            QStringLiteral("－2")});
     EXPECT_EQ(读回.mid(0, 6), (QStringList{"1.5", "1000", "0", "1.2345678901234567890123456789", "-2", "6"}));
-    EXPECT_EQ(公共.错误数, 0);
+    EXPECT_EQ(计算状态.错误数, 0);
     // 1500 + U needs 32 digits: the decimal sum keeps 29, rounded.
     EXPECT_EQ(数字部分(计算器计算(QStringLiteral("r*s+u"), {28, 60}).结果),
               QStringLiteral("1501.2345678901234567890123457"));
 
     应用内存变量({QStringLiteral("abc")});
     EXPECT_EQ(内存变量文本().first(), QStringLiteral("1"));  // the marker of a failed reading
-    EXPECT_GE(公共.错误数, 1);
+    EXPECT_GE(计算状态.错误数, 1);
 }
 
 }  // namespace
@@ -252,32 +252,32 @@ TEST(Collector, FourStepsAndFirstError) {
     清除计算状态();
     报告错误(u"甲"_qs);
     报告错误(u"乙"_qs);
-    EXPECT_EQ(公共.错误数, 2);
-    EXPECT_EQ(公共.错误提示, u"乙"_qs);
-    EXPECT_EQ(公共.首个错误, u"甲"_qs);
-    EXPECT_EQ(公共.错误记录, u"甲\r\n乙\r\n"_qs);
+    EXPECT_EQ(计算状态.错误数, 2);
+    EXPECT_EQ(计算状态.错误提示, u"乙"_qs);
+    EXPECT_EQ(计算状态.首个错误, u"甲"_qs);
+    EXPECT_EQ(计算状态.错误记录, u"甲\r\n乙\r\n"_qs);
     报告提示(u"丙"_qs);
-    EXPECT_EQ(公共.提示数, 1);
-    EXPECT_EQ(公共.提示记录, u"丙\r\n"_qs);
+    EXPECT_EQ(计算状态.提示数, 1);
+    EXPECT_EQ(计算状态.提示记录, u"丙\r\n"_qs);
 }
 
 TEST(Collector, ResetKeepsSwitchesAndVariables) {
-    公共.高精度开关 = false;
-    公共.输出小数位数 = 3;
-    公共.字母变量[0] = 数值(5);
+    计算状态.高精度开关 = false;
+    计算状态.输出小数位数 = 3;
+    变量状态.字母变量[0] = 数值(5);
     记录精度损失();
     报告错误(u"x"_qs);
     清除计算状态();
-    EXPECT_EQ(公共.错误数, 0);
-    EXPECT_TRUE(公共.首个错误.isEmpty());
-    EXPECT_TRUE(公共.错误记录.isEmpty());
-    EXPECT_EQ(公共.精度损失数, 0);
-    EXPECT_EQ(公共.可达有效位数, 29);  // even with the switch off
-    EXPECT_FALSE(公共.高精度开关);
-    EXPECT_EQ(公共.输出小数位数, 3);
-    EXPECT_EQ(公共.字母变量[0].整数值(), 5);
-    公共.高精度开关 = true;
-    公共.输出小数位数 = 8;
+    EXPECT_EQ(计算状态.错误数, 0);
+    EXPECT_TRUE(计算状态.首个错误.isEmpty());
+    EXPECT_TRUE(计算状态.错误记录.isEmpty());
+    EXPECT_EQ(计算状态.精度损失数, 0);
+    EXPECT_EQ(计算状态.可达有效位数, 29);  // even with the switch off
+    EXPECT_FALSE(计算状态.高精度开关);
+    EXPECT_EQ(计算状态.输出小数位数, 3);
+    EXPECT_EQ(变量状态.字母变量[0].整数值(), 5);
+    计算状态.高精度开关 = true;
+    计算状态.输出小数位数 = 8;
 }
 
 TEST(LetterIndex, SkipsO) {

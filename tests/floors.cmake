@@ -1,0 +1,72 @@
+# The include check of the floors: every #include "<folder>/..." of a file
+# must name its own floor or one below it. Run as
+#   cmake -DROOT=<source dir> -P floors.cmake
+# and fails with the list of offending lines.
+#
+#   numeric ← expression ← script ← library, geodesy, tools ← shell ← screens, cli
+#
+# tests/<floor>/ may include what its floor may, and tests/support/;
+# tests/screens/ and tests/cli/ what the screens and the command line may.
+cmake_policy(VERSION 3.25)
+set(may_numeric    numeric)
+set(may_expression numeric expression)
+set(may_script     numeric expression script)
+set(may_library    numeric expression script library)
+set(may_geodesy    numeric expression script geodesy)
+set(may_tools      numeric expression script tools)
+set(may_shell      numeric expression script library geodesy tools shell)
+set(may_screens    ${may_shell} screens)
+set(may_cli        ${may_shell} cli)
+set(may_data       ${may_library})
+
+set(faults "")
+file(GLOB_RECURSE files RELATIVE ${ROOT}
+     ${ROOT}/*.cpp ${ROOT}/*.h)
+foreach(f IN LISTS files)
+  if(f MATCHES "^(build|\\.git)")
+    continue()
+  endif()
+  string(REGEX MATCH "^[^/]+" top "${f}")
+  set(floor "${top}")
+  set(extra "")
+  if(top STREQUAL "tests")
+    string(REGEX MATCH "^tests/([^/]+)" _ "${f}")
+    set(floor "${CMAKE_MATCH_1}")
+    set(extra tests)
+  endif()
+  if(f MATCHES "/screens/")
+    set(floor screens)
+  endif()
+  if(floor STREQUAL "support" OR top STREQUAL "bench")
+    continue()   # test doubles and benchmarks stand beside the program, not in it
+  endif()
+  if(NOT DEFINED may_${floor})
+    continue()
+  endif()
+  file(STRINGS ${ROOT}/${f} lines REGEX "^[ \t]*#[ \t]*include[ \t]*[<\"]")
+  foreach(l IN LISTS lines)
+    if(l MATCHES "#[ \t]*include[ \t]*[<\"](Qt[A-Za-z]*/)?(QWidget|QDialog|QMessageBox|QApplication|QtWidgets|QPushButton|QLabel|QLineEdit|QTextEdit|QComboBox)")
+      if(NOT floor STREQUAL "screens")
+        list(APPEND faults "${f}: widgets below the screens: ${l}")
+      endif()
+      continue()
+    endif()
+    if(NOT l MATCHES "#[ \t]*include[ \t]*\"([a-z]+)/")
+      continue()
+    endif()
+    set(to "${CMAKE_MATCH_1}")
+    if(l MATCHES "\"[a-z]+/screens/")
+      set(to screens)
+    endif()
+    if(NOT to IN_LIST may_${floor} AND NOT to IN_LIST extra)
+      list(APPEND faults "${f}: ${floor} includes ${to}: ${l}")
+    endif()
+  endforeach()
+endforeach()
+
+if(faults)
+  list(JOIN faults "\n" msg)
+  message(FATAL_ERROR "Includes across a floor the wrong way:\n${msg}")
+endif()
+list(LENGTH files n)
+message(STATUS "floors: ${n} files checked, no include goes upward")
