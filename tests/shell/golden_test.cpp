@@ -13,9 +13,9 @@
 #include "expression/evaluator.h"
 #include "expression/normalise.h"
 #include "shell/calculator.h"
-#include "shell/interaction.h"
+#include "tests/support/recording.h"
 #include "shell/startup.h"
-#include "shell/state.h"
+#include "tests/support/whole_state.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -61,13 +61,13 @@ QString 还原(const QString& s) {
 QStringList 计算一例(const QString& 输入, const 设置项& s) {
     清除计算状态();
     初始化字母变量();
-    公共.高精度开关 = s.高精度;
     计算器初始化();
+    const 输出设置 设置{s.小数位数, s.角度单位, s.高精度};
     QStringList 消息;
     计算显示 d;
     {
         交互记录作用域 盒;
-        d = 计算器计算(输入, {s.小数位数, s.角度单位});
+        d = 计算器计算(输入, 设置);
         for (const auto& m : 盒.记录器.记录)
             消息 << (m.是询问 ? u"询问:"_qs : u"告知:"_qs) + (m.标题.isEmpty() ? QString() : m.标题 + u':') + m.文本;
     }
@@ -75,24 +75,20 @@ QStringList 计算一例(const QString& 输入, const 设置项& s) {
     // stages run again to see what the evaluation left in them.
     {
         交互记录作用域 静;
+        设置作用域 同设置(设置);
         const QString t = 表达式规整(算式字符规整(输入));
-        if (公共.错误数 <= 0) {
+        if (计算状态.错误数 <= 0) {
             清除计算状态();
             表达式计算(t);
         }
     }
     return {d.算式, d.结果, d.状态, d.成功 ? u"1"_qs : u"0"_qs, d.约数 ? u"1"_qs : u"0"_qs, d.原始结果,
-            消息.join(u'\n'), QString::number(公共.可达有效位数), QString::number(公共.精度损失数),
-            QString::number(公共.错误数)};
+            消息.join(u'\n'), QString::number(计算状态.可达有效位数), QString::number(计算状态.精度损失数),
+            QString::number(计算状态.错误数)};
 }
 
-struct 状态保存 {
-    const 公共状态 原 = 公共;
-    ~状态保存() { 公共 = 原; }
-};
-
 TEST(计算器金样, 逐行一致) {
-    状态保存 保存;
+    全部状态守卫 守;
     QFile f(QStringLiteral(ORVANE_SOURCE_DIR "/tests/data/calculator_golden.tsv"));
     ASSERT_TRUE(f.open(QIODevice::ReadOnly | QIODevice::Text));
     const QStringList 行 = QString::fromUtf8(f.readAll()).split(u'\n', Qt::SkipEmptyParts);
